@@ -1,0 +1,187 @@
+#include "backend/config_store.h"
+
+#include "backend/descriptor.h"
+#include "backend/interfaces.h"
+#include "backend/log.h"
+#include "backend/replace_text.h"
+#include "backend/text.h"
+
+#include <algorithm>
+#include <array>
+#include <cerrno>
+#include <charconv>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace {
+
+constexpr std::size_t file_limit = 16384;
+constexpr std::size_t longest_key = 57;
+constexpr char lock_file[] = "/tmp/nvram_set_lock";
+constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
+
+// Held over each whole get and each whole read-change-write; guards both buffers.
+std::mutex store_mutex;
+std::array<char, file_limit> stored_text;
+std::array<char, file_limit> changed_text;
+
+struct Place {
+    std::size_t begin, end;
+};
+
+// The directory is taken from the environment once and kept.
+const char *band_file(bool is_24g) {
+    static const char *const directory = std::getenv("zav_cfg_dir");
+    static const std::string beginning = directory == nullptr ? "" : directory;
+    static const std::string file_5g = beginning + "/ZAV750.dat", file_24g = beginning + "/ZAV75024g.dat";
+    if (directory == nullptr)
+        return nullptr;
+    return is_24g ? file_24g.c_str() : file_5g.c_str();
+}
+
+Descriptor open_settings(const char *ifname) {
+    const char *path = nullptr;
+    if (getNvramPath(ifname, &path) != success)
+        return Descriptor(-1);
+    return Descriptor(open(path, O_RDWR | O_CLOEXEC));
+}
+
+std::optional<std::string_view> read_settings(const Descriptor &file) {
+    if (!file.valid())
+        return std::nullopt;
+    const ssize_t length = read(file.get(), stored_text.data(), stored_text.size());
+    if (length < 0)
+        return std::nullopt;
+    return std::string_view(stored_text.data(), static_cast<std::size_t>(length));
+}
+
+// Where the key's value stands. Only a whole key at the start of a line matches, and never the first line.
+std::optional<Place> find_value(std::string_view text, std::string_view key) {
+    if (key.size() > longest_key)
+        return std::nullopt;
+    std::array<char, longest_key + 2> pattern;
+    pattern[0] = '\n';
+    std::copy_n(key.data(), key.size(), pattern.data() + 1);
+    pattern[key.size() + 1] = '=';
+    const void *line = memmem(text.data(), text.size(), pattern.data(), key.size() + 2);
+    if (line == nullptr)
+        return std::nullopt;
+    const auto begin =
+        static_cast<std::size_t>(static_cast<const char *>(line) - text.data()) + key.size() + 2;
+    return Place{begin, std::min(text.find('\n', begin), text.size())};
+}
+
+bool format_can_hold(std::string_view key, std::string_view value) {
+    return !key.empty() && key.size() <= longest_key && key.find_first_of("=\n") == key.npos &&
+           value.find('\n') == value.npos;
+}
+
+// Puts the pieces one after the other into the second buffer; nothing when they reach the limit of a file.
+std::optional<std::string_view> join(std::initializer_list<std::string_view> pieces) {
+    std::size_t length = 0;
+    for (std::string_view piece : pieces) {
+        if (piece.size() >= file_limit - length)
+            return std::nullopt;
+        std::copy_n(piece.data(), piece.size(), changed_text.data() + length);
+        length += piece.size();
+    }
+    return std::string_view(changed_text.data(), length);
+}
+
+std::optional<std::string_view> with_value(std::string_view text, std::optional<Place> place,
+                                           std::string_view key, std::string_view value) {
+    if (place)
+        return join({text.substr(0, place->begin), value, text.substr(place->end)});
+    const bool open_line = !text.empty() && text.back() != '\n';
+    return join({text, open_line ? "\n" : "", key, "=", value, "\n"});
+}
+
+Status store_value(const char *who, Descriptor file, std::string_view key, std::string_view value) {
+    const auto text = read_settings(file);
+    if (!text)
+        return failure;
+    const auto place = find_value(*text, key);
+    if (place && text->substr(place->begin, place->end - place->begin) == value)
+        return unchanged;
+    const auto changed = with_value(*text, place, key, value);
+    if (text->size() == file_limit || !changed) {
+        log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, file_limit - 1);
+        return failure;
+    }
+    if (!replace_text(file.get(), *text, *changed) || !file.close()) {
+        log_error("[ZAV-API] Error %s write failed %s (%d).\n", who, strerror(errno), errno);
+        return failure;
+    }
+    if (place)
+        log_debug("[ZAV-API] %s done with SUCCESS\n", who);
+    return success;
+}
+
+} // namespace
+
+Status getNvramPath(const char *ifname, const char **ret_path) {
+    *ret_path = ifname[0] == 'v' ? vlan_file : band_file(is_24g_name(ifname));
+    return *ret_path == nullptr ? failure : success;
+}
+
+Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_value) {
+    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s\n", __func__, ifname, key);
+    const std::lock_guard held(store_mutex);
+    const auto text = read_settings(open_settings(ifname));
+    const auto place = text ? find_value(*text, key) : std::nullopt;
+    if (!place)
+        return failure;
+    copy_text(ret_value, text->substr(place->begin, place->end - place->begin));
+    return success;
+}
+
+Status nvram_set_str(const char *ifname, const char *key, const char *value) {
+    errno = 0;
+    if (access(lock_file, F_OK) == 0) {
+        log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", __func__,
+                  strerror(errno));
+        return failure;
+    }
+    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s\n", __func__, ifname, key, value);
+    if (!format_can_hold(key, value)) {
+        log_error("[ZAV-API] Error %s key or value does not fit the settings file\n", __func__);
+        return failure;
+    }
+    const std::lock_guard held(store_mutex);
+    return store_value(__func__, open_settings(ifname), key, value);
+}
+
+Status nvram_set_int(const char *ifname, const char *key, int value) {
+    std::array<char, 12> text{};
+    std::to_chars(text.data(), text.data() + text.size() - 1, value);
+    return nvram_set_str(ifname, key, text.data());
+}
+
+unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value) {
+    InterfaceName ifname;
+    std::array<char, 64> text;
+    int value = 0;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success ||
+        nvram_get_str(ifname.data(), key, text) != success || !scan_number(text.data(), &value))
+        return default_value;
+    return static_cast<unsigned>(value);
+}
+
+Status ZAV_nvram_set_uint32_helper(int index, const char *key, int value) {
+    InterfaceName ifname;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    return nvram_set_int(ifname.data(), key, value);
+}
+
+Status ZAV_nvram_set_str_helper(int index, const char *key, const char *value) {
+    InterfaceName ifname;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    return nvram_set_str(ifname.data(), key, value);
+}

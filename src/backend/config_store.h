@@ -1,0 +1,31 @@
+#pragma once
+
+#include "backend/status.h"
+
+#include <span>
+
+// The settings files: text lines of key, "=" and value behind a header line. The daemon shares them with the
+// platform's scripts, so nothing is cached: every call reads the file afresh. Any thread may call.
+//
+// The interface name picks the file: "vlan" (first character 'v') the VLAN file, a third character 'i' the
+// 2.4 GHz file, anything else the 5 GHz file. A file is shorter than 16384 bytes, a key at most 57 characters
+// long; the first line is never a setting and the first of repeated keys counts.
+
+// The path lives as long as the process. -1 when a band file is asked for and zav_cfg_dir was not set at the
+// first look.
+Status getNvramPath(const char *ifname, const char **ret_path);
+
+// 0 and the value, cut at the buffer and terminated; -1 when the file cannot be opened for reading and
+// writing or lacks the key. A failed read leaves `ret_value` untouched.
+Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_value);
+
+// 0 written, 2 the stored value is already equal, -1 failure. An absent key is appended. Refused with an
+// error line: a key or value that the format cannot hold, a file that is or would become 16384 bytes or
+// longer, any write while /tmp/nvram_set_lock exists. A full disk or an I/O error leaves the old text.
+Status nvram_set_str(const char *ifname, const char *key, const char *value);
+Status nvram_set_int(const char *ifname, const char *key, int value);
+
+// The same by interface index (see interfaces.h). An index without an interface answers the default, or -1.
+unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value);
+Status ZAV_nvram_set_uint32_helper(int index, const char *key, int value);
+Status ZAV_nvram_set_str_helper(int index, const char *key, const char *value);

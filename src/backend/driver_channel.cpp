@@ -1,0 +1,106 @@
+#include "backend/driver_channel.h"
+
+#include "backend/descriptor.h"
+#include "backend/interfaces.h"
+#include "backend/lifecycle.h"
+#include "backend/log.h"
+#include "backend/shell.h"
+#include "backend/text.h"
+
+#include <array>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <limits>
+#include <linux/wireless.h>
+#include <memory>
+#include <string>
+#include <sys/ioctl.h>
+#include <sys/socket.h>
+
+namespace {
+
+constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
+constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
+
+// The request's length field has 16 bits, so no answer is longer than this.
+constexpr std::size_t longest_answer = std::numeric_limits<__u16>::max();
+
+iwreq make_request(const InterfaceName &ifname, void *data, std::size_t length) {
+    iwreq request{};
+    std::memcpy(request.ifr_ifrn.ifrn_name, ifname.data(), sizeof request.ifr_ifrn.ifrn_name);
+    request.u.data.pointer = data;
+    request.u.data.length = static_cast<__u16>(length);
+    return request;
+}
+
+Descriptor open_channel(const char *who) {
+    Descriptor channel(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    if (!channel.valid())
+        log_error("[ZAV-API] Error %s socket failed", who);
+    return channel;
+}
+
+Status issue(const char *who, const Descriptor &channel, unsigned long number, const InterfaceName &ifname,
+             iwreq *request) {
+    if (ioctl(channel.get(), number, request) >= 0)
+        return success;
+    log_error("[ZAV-API] Error %s %s: ioctl failed %s (%d).\n", who, ifname.data(), strerror(errno), errno);
+    return failure;
+}
+
+Status change_link(const char *who, int index, const char *state) {
+    InterfaceName ifname;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    std::array<char, 48> command;
+    std::snprintf(command.data(), command.size(), "ifconfig %s %s", ifname.data(), state);
+    return run_command(who, command.data());
+}
+
+} // namespace
+
+Status ZAV_Set(int index, const char *command) {
+    log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
+    if (!driver_initialised)
+        return success; // the settings file carries the value into the next init
+    InterfaceName ifname{};
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success) {
+        log_error("[ZAV-API] Error %s invalid interface index: %d\n", __func__, index);
+        return failure;
+    }
+    const Descriptor channel = open_channel(__func__);
+    if (!channel.valid())
+        return failure;
+    std::string text(command); // the request's pointer is not const
+    iwreq request = make_request(ifname, text.data(), text.size() + 1);
+    return issue(__func__, channel, set_request, ifname, &request);
+}
+
+Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
+    log_debug("[ZAV-API] %s entry (index=%d, cmd=%s).\n", __func__, index, query);
+    copy_text(ret_reply, "");
+    InterfaceName ifname{};
+    const std::size_t length = std::strlen(query) + 1;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success || length >= longest_answer)
+        return failure;
+    const Descriptor channel = open_channel(__func__);
+    if (!channel.valid())
+        return failure;
+    // The driver is not told how much room there is, so the answer gets all that its length field can name.
+    const auto buffer = std::make_unique<char[]>(longest_answer + 1);
+    std::memcpy(buffer.get(), query, length);
+    log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, buffer.get(), static_cast<int>(length));
+    iwreq request = make_request(ifname, buffer.get(), length);
+    if (issue(__func__, channel, show_request, ifname, &request) != success)
+        return failure;
+    // The answer's last byte is its terminator. A tab before the text is no part of it.
+    const std::size_t answered = request.u.data.length;
+    if (answered > 0)
+        copy_text(ret_reply, {buffer.get() + (buffer[0] == '\t' ? 1 : 0), answered - 1});
+    return success;
+}
+
+Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
+
+Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }

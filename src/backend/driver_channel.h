@@ -1,0 +1,19 @@
+#pragma once
+
+#include "backend/status.h"
+
+#include <span>
+
+// The only place that issues driver requests. Each opens a socket of its own and closes it.
+
+// Applies a command of the form key=value to the interface. 0 applied, or dropped because the driver is not
+// initialised yet; -1 failure, with an error line.
+Status ZAV_Set(int index, const char *command);
+
+// Asks the driver and returns its text, cut at the buffer and terminated. -1 with an error line; after a
+// failure or an empty answer the buffer holds the empty text. Does not ask whether the driver is initialised.
+Status ZAV_Show(int index, const char *query, std::span<char> ret_reply);
+
+// `ifconfig` up and down of the interface.
+Status ZAV_InterfaceUp(int index);
+Status ZAV_InterfaceDown(int index);

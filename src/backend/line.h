@@ -1,0 +1,55 @@
+#pragma once
+
+#include <string_view>
+
+// A log line that travels through a function as an argument, out of reach of the compiler's format check.
+// Its constructor runs at compile time and compares the conversions with the types that will be printed.
+
+void log_line_does_not_fit_its_values(); // never defined: reaching it is the compile error
+
+namespace line_check {
+
+// Flags, width and precision of a conversion; length modifiers are not needed by any value below.
+constexpr const char *skip_modifiers(const char *p) {
+    while (*p != '\0' && std::string_view("-+ #0123456789.").find(*p) != std::string_view::npos)
+        ++p;
+    return p;
+}
+
+template <class Value>
+constexpr bool prints(char conversion) = delete;
+template <>
+constexpr bool prints<int>(char conversion) {
+    return conversion == 'd' || conversion == 'i';
+}
+template <>
+constexpr bool prints<unsigned>(char conversion) {
+    return conversion == 'u' || conversion == 'x' || conversion == 'X';
+}
+template <>
+constexpr bool prints<const char *>(char conversion) {
+    return conversion == 's';
+}
+
+} // namespace line_check
+
+template <class... Values>
+struct Line {
+    const char *text;
+
+    consteval Line(const char *literal) : text(literal) {
+        bool (*const fits[])(char) = {line_check::prints<Values>..., nullptr};
+        unsigned seen = 0;
+        for (const char *p = literal; *p != '\0'; ++p) {
+            if (*p != '%')
+                continue;
+            if (*++p == '%')
+                continue;
+            p = line_check::skip_modifiers(p);
+            if (seen == sizeof...(Values) || !fits[seen++](*p))
+                log_line_does_not_fit_its_values();
+        }
+        if (seen != sizeof...(Values))
+            log_line_does_not_fit_its_values();
+    }
+};

@@ -1,0 +1,86 @@
+#include "backend/shell.h"
+
+#include "backend/descriptor.h"
+#include "backend/log.h"
+
+#include <array>
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+#include <cstring>
+#include <fcntl.h>
+#include <memory>
+#include <spawn.h>
+#include <sys/wait.h>
+
+extern char **environ;
+
+namespace {
+
+// Not system(): that ignores SIGINT and SIGQUIT in the whole process for as long as a worker's script runs.
+pid_t start_shell(const char *command, int output) {
+    sigset_t none, all;
+    sigemptyset(&none);
+    sigfillset(&all);
+    posix_spawnattr_t attributes;
+    posix_spawnattr_init(&attributes);
+    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
+    posix_spawnattr_setsigmask(&attributes, &none);
+    posix_spawnattr_setsigdefault(&attributes, &all);
+    posix_spawn_file_actions_t files;
+    posix_spawn_file_actions_init(&files);
+    if (output != STDOUT_FILENO)
+        posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
+    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+    std::array<char, 3> shell{"sh"}, option{"-c"};
+    std::unique_ptr<char, void (*)(void *)> text(strdup(command), std::free);
+    char *const words[] = {shell.data(), option.data(), text.get(), nullptr};
+    pid_t child = -1;
+    if (posix_spawn(&child, "/bin/sh", &files, &attributes, words, environ) != 0)
+        child = -1;
+    posix_spawn_file_actions_destroy(&files);
+    posix_spawnattr_destroy(&attributes);
+    return child;
+}
+
+// The wait status, or -1.
+int wait_for(pid_t child) {
+    int status = -1;
+    while (waitpid(child, &status, 0) < 0)
+        if (errno != EINTR)
+            return -1;
+    return status;
+}
+
+} // namespace
+
+Status run_command(const char *who, const char *command) {
+    log_debug("[ZAV-API] %s command=%s\n", who, command);
+    const pid_t child = start_shell(command, STDOUT_FILENO);
+    const int rc = child < 0 ? -1 : wait_for(child);
+    if (rc == -1)
+        return failure;
+    // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.
+    const int exit_status = WEXITSTATUS(rc);
+    if (exit_status != 0) {
+        log_error("[ZAV-API] Error %s command failed (rc=%d,WEXITSTATUS=%d).\n", who, rc, exit_status);
+        return failure;
+    }
+    return success;
+}
+
+Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line) {
+    std::array<int, 2> ends;
+    if (pipe2(ends.data(), O_CLOEXEC) != 0)
+        return failure;
+    Descriptor reading(ends[0]), writing(ends[1]);
+    const pid_t child = start_shell(command, writing.get());
+    (void)writing.close();
+    if (child < 0)
+        return failure;
+    const std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.release(), "r"), std::fclose);
+    std::array<char, 256> line;
+    while (output && std::fgets(line.data(), static_cast<int>(line.size()), output.get()) != nullptr)
+        take_line(std::string_view(line.data(), std::strcspn(line.data(), "\n")));
+    return wait_for(child) == -1 ? failure : success;
+}

@@ -1,0 +1,17 @@
+#pragma once
+
+#include "backend/status.h"
+
+#include <functional>
+#include <string_view>
+
+// The only place that starts a process. Commands run through /bin/sh exactly as written, with descriptors 0,
+// 1 and 2 only, no blocked signals and default signal actions. Each call waits for the end of its command.
+
+// Logs and runs `command`. 0 when its exit status is 0 (or a signal ended the shell); -1 when the shell could
+// not be started or, with an error line that names `who`, on any other exit status.
+Status run_command(const char *who, const char *command);
+
+// Runs `command` and hands over its output, a line at a time without the line feed; a line longer than 255
+// bytes comes in pieces. -1 only when the shell could not be started: the exit status is not looked at.
+Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);

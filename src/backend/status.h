@@ -1,0 +1,8 @@
+#pragma once
+
+// The result of every operation of the API and of the backend.
+enum [[nodiscard]] Status : int{
+    success = 0, failure = -1,
+    unchanged = 2,   // the stored value was already equal, nothing was written
+    in_progress = 3, // accepted, not finished yet
+};

@@ -1,0 +1,50 @@
+#include "rpc/protocol.h"
+#include "rpc/service.h"
+#include "rpc/transport.h"
+
+#include <cstdio>
+#include <netinet/in.h>
+#include <rpc/pmap_clnt.h>
+#include <string_view>
+
+namespace {
+
+constexpr char usage[] =
+    "usage: wlan-configd [ADDRESS]\n"
+    "Serves the Wi-Fi configuration over ONC RPC on UDP, on the local IPv4 ADDRESS or on all\n"
+    "addresses; the portmapper tells clients the port. The protocol has no authentication.\n\n"
+    "  --help     print this and exit\n"
+    "  --version  print the version and exit\n\n"
+    "environment:\n"
+    "  zav_cfg_dir      directory of the settings files ZAV75024g.dat and ZAV750.dat\n"
+    "  zav_install_dir  directory of the platform's scripts and daemons\n\n"
+    "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
+
+int give_up(const char *reason) {
+    std::fputs(reason, stderr);
+    return 1;
+}
+
+} // namespace
+
+int main(int argc, char **argv) {
+    const std::string_view first = argc > 1 ? argv[1] : "";
+    // Before the portmapper is touched: asking for help must not unregister a running daemon.
+    if (first == "--help" || first == "--version") {
+        std::fputs(first == "--help" ? usage : "wlan-configd " WLAN_CONFIGD_VERSION "\n", stdout);
+        return 0;
+    }
+    std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
+    pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
+    const char *address = argc > 1 ? argv[1] : nullptr;
+    if (address != nullptr)
+        std::printf("WLAN RPC Server IP addr %s\n", address);
+    SVCXPRT *transport = create_transport(address);
+    if (transport == nullptr)
+        return give_up("cannot create udp service.");
+    if (!svc_register(transport, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, wlan_config_rpc_prog_1,
+                      IPPROTO_UDP))
+        return give_up("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp).");
+    svc_run();
+    return give_up("svc_run returned");
+}

@@ -1,0 +1,162 @@
+#pragma once
+
+#include "rpc/arguments.h"
+
+#include <array>
+#include <cstddef>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+// The procedures of the protocol, one row each: number, name, arguments, result. The daemon, wlanctl and the
+// tests read this table.
+
+constexpr unsigned WLAN_CONFIG_RPC_PROG = 0x20121110;
+constexpr unsigned WLAN_CONFIG_API_VERSION = 1;
+constexpr unsigned last_procedure = 253;
+constexpr unsigned unassigned_procedure = 20;
+
+// A datagram of the RPC library, call or reply, has at most this many bytes.
+constexpr unsigned longest_message = 8800;
+
+enum class Kind : unsigned char { integer, unsigned_integer, unsigned_short, boolean, text };
+
+struct Argument {
+    const char *name;
+    Kind kind;
+};
+
+struct Arguments {
+    static constexpr std::size_t most = 4;
+    std::array<Argument, most> fields{};
+    std::size_t count = 0;
+
+    constexpr const Argument *begin() const { return fields.data(); }
+    constexpr const Argument *end() const { return fields.data() + count; }
+};
+
+// What the answer holds. Everything but a bare code travels in the result record, with its code.
+enum class Result : unsigned char {
+    code,             // the return code alone
+    none,             // the result record, of which only the code means anything
+    integer,          // one signed 32-bit number
+    unsigned_integer, // one unsigned 32-bit number
+    text,             // a text with its terminating zero byte
+};
+
+struct Procedure {
+    unsigned number;
+    std::string_view name;
+    Arguments arguments;
+    Result result;
+};
+
+template <class Type>
+struct KindOf;
+template <>
+struct KindOf<int> {
+    static constexpr Kind kind = Kind::integer;
+};
+template <>
+struct KindOf<unsigned> {
+    static constexpr Kind kind = Kind::unsigned_integer;
+};
+template <>
+struct KindOf<unsigned short> {
+    static constexpr Kind kind = Kind::unsigned_short;
+};
+template <>
+struct KindOf<bool> {
+    static constexpr Kind kind = Kind::boolean;
+};
+template <>
+struct KindOf<char *> {
+    static constexpr Kind kind = Kind::text;
+};
+template <>
+struct KindOf<const char *> {
+    static constexpr Kind kind = Kind::text;
+};
+template <class Type>
+inline constexpr Kind kind_of = KindOf<Type>::kind;
+
+// Arguments of a bare type take their name from the row, those of a record theirs from the record.
+template <class Type>
+constexpr Arguments bare(const char *name) {
+    return {{{{name, kind_of<Type>}}}, 1};
+}
+
+template <class Record>
+constexpr Arguments record() {
+    return []<class... Fields, std::size_t... i>(std::type_identity<std::tuple<Fields &...>>,
+                                                 std::index_sequence<i...>) {
+        static_assert(sizeof...(Fields) == Record::names.size(), "a field lacks its name");
+        return Arguments{{{{Record::names[i], kind_of<Fields>}...}}, sizeof...(Fields)};
+    }(std::type_identity<decltype(std::declval<Record &>().fields())>{},
+           std::make_index_sequence<Record::names.size()>{});
+}
+
+inline constexpr Arguments no_arguments{};
+inline constexpr Arguments interface_index = bare<int>("index");
+
+inline constexpr Procedure protocol[] = {
+    {4, "wlan_get_number_of_entries", no_arguments, Result::unsigned_integer},
+    {5, "wlan_add_entry", no_arguments, Result::none},
+    {6, "wlan_del_entry", interface_index, Result::none},
+    {12, "wlan_get_name", interface_index, Result::text},
+    {14, "wlan_get_max_bitrate", interface_index, Result::text},
+    {15, "wlan_set_max_bitrate", record<wlan_set_max_bitrate_1_argument>(), Result::code},
+    {21, "wlan_get_ssid", interface_index, Result::text},
+    {22, "wlan_set_ssid", record<wlan_set_ssid_1_argument>(), Result::code},
+    {42, "wlan_get_basic_data_transmit_rates", interface_index, Result::text},
+    {43, "wlan_set_basic_data_transmit_rates", record<wlan_set_basic_data_transmit_rates_1_argument>(),
+     Result::code},
+    {44, "wlan_get_operational_data_transmit_rates", interface_index, Result::text},
+    {45, "wlan_set_operational_data_transmit_rates",
+     record<wlan_set_operational_data_transmit_rates_1_argument>(), Result::code},
+    {46, "wlan_get_possible_data_transmit_rates", interface_index, Result::text},
+    {49, "wlan_get_radio_enabled", interface_index, Result::unsigned_integer},
+    {50, "wlan_set_radio_enabled", record<wlan_set_radio_enabled_1_argument>(), Result::code},
+    {51, "wlan_get_transmit_power_supported", interface_index, Result::text},
+    {52, "wlan_get_transmit_power", interface_index, Result::unsigned_integer},
+    {53, "wlan_set_transmit_power", record<wlan_set_transmit_power_1_argument>(), Result::code},
+    {54, "wlan_get_auto_rate_fallback_enable", interface_index, Result::unsigned_integer},
+    {55, "wlan_set_auto_rate_fallback_enable", record<wlan_set_auto_rate_fallback_enable_1_argument>(),
+     Result::code},
+    {66, "wlan_get_wmm_supported", interface_index, Result::unsigned_integer},
+    {67, "wlan_get_wmm_uaspd_supported", interface_index, Result::unsigned_integer},
+    {70, "wlan_get_wmm_uaspd_enable", interface_index, Result::unsigned_integer},
+    {160, "wlan_get_wpa_group_reauth_interval", interface_index, Result::unsigned_integer},
+    {161, "wlan_set_wpa_group_reauth_interval", record<wlan_set_wpa_group_reauth_interval_1_argument>(),
+     Result::code},
+    {166, "wlan_get_wmm_apsd", interface_index, Result::unsigned_integer},
+    {171, "wlan_set_wps_model_name", record<wlan_set_wps_model_name_1_argument>(), Result::code},
+    {174, "wlan_get_wps_config_timeout", interface_index, Result::unsigned_integer},
+    {175, "wlan_set_wps_config_timeout", record<wlan_set_wps_config_timeout_1_argument>(), Result::code},
+};
+
+// The row of a number, or nullptr.
+constexpr const Procedure *find_procedure(unsigned number) {
+    for (const Procedure &procedure : protocol)
+        if (procedure.number == number)
+            return &procedure;
+    return nullptr;
+}
+
+// A number that stands in the wrong place shows in the name of this type in the compiler's message.
+template <unsigned number>
+struct NumberOutOfOrderOrUnassigned {
+    static constexpr bool is_none = number == 0;
+};
+
+consteval unsigned first_wrong_number() {
+    unsigned previous = 0;
+    for (const Procedure &procedure : protocol) {
+        if (procedure.number <= previous || procedure.number > last_procedure ||
+            procedure.number == unassigned_procedure)
+            return procedure.number == 0 ? last_procedure + 1 : procedure.number;
+        previous = procedure.number;
+    }
+    return 0;
+}
+static_assert(NumberOutOfOrderOrUnassigned<first_wrong_number()>::is_none);

@@ -41,11 +41,22 @@ void put_back(int fd, std::string_view from, std::size_t first) {
     errno = error;
 }
 
+// Whole blocks first: byte by byte the search would take as long as a system call.
+std::size_t common_beginning(std::string_view a, std::string_view b) {
+    constexpr std::size_t block = 64;
+    const std::size_t shorter = std::min(a.size(), b.size());
+    std::size_t same = 0;
+    while (same + block <= shorter && a.compare(same, block, b, same, block) == 0)
+        same += block;
+    while (same < shorter && a[same] == b[same])
+        ++same;
+    return same;
+}
+
 } // namespace
 
 bool replace_text(int fd, std::string_view from, std::string_view to) {
-    const auto changed = std::mismatch(from.begin(), from.end(), to.begin(), to.end());
-    const auto first = static_cast<std::size_t>(changed.first - from.begin());
+    const std::size_t first = common_beginning(from, to);
     const bool done = (to.size() <= from.size() || reserve(fd, from.size(), to)) &&
                       write_all(fd, to.substr(first), first) &&
                       (to.size() >= from.size() || cut(fd, to.size()));

@@ -135,10 +135,10 @@ inline constexpr Procedure protocol[] = {
     {175, "wlan_set_wps_config_timeout", record<wlan_set_wps_config_timeout_1_argument>(), Result::code},
 };
 
-// The row of a number, or nullptr.
-constexpr const Procedure *find_procedure(unsigned number) {
+// The row of that name, or nullptr.
+constexpr const Procedure *find_procedure(std::string_view name) {
     for (const Procedure &procedure : protocol)
-        if (procedure.number == number)
+        if (procedure.name == name)
             return &procedure;
     return nullptr;
 }

@@ -1,0 +1,27 @@
+#pragma once
+
+#include "error.h"
+#include "rpc/protocol.h"
+#include "values.h"
+
+#include <cstdint>
+#include <netinet/in.h>
+#include <string>
+
+// Where the daemon is. `address` is found at the first call and kept.
+struct Connection {
+    std::string host = "127.0.0.1";
+    std::uint16_t port = 0; // 0: the portmapper knows
+    double timeout = 5;     // seconds that a call may take
+    sockaddr_in address{};
+};
+
+struct Answer {
+    int code = 0;            // below 0: failure, and there is no value
+    std::int64_t number = 0; // of a result of that kind
+    std::string text{};      // any bytes
+};
+
+// Calls the procedure once: a lost datagram is not sent again, for the daemon would do a change twice. Only
+// when the portmapper then names another port, where a restarted daemon has not seen it, is it sent there.
+Error call(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);

@@ -1,0 +1,90 @@
+#include "text.h"
+
+#include <algorithm>
+#include <fmt/format.h>
+#include <iterator>
+
+namespace {
+
+struct Character {
+    char32_t code;
+    std::size_t length; // in bytes; 0 if they are no UTF-8
+};
+
+struct Form {
+    std::size_t length;
+    char32_t least; // what is less has a shorter form, and this one is not allowed
+    unsigned char mask, lead;
+};
+constexpr Form forms[] = {
+    {1, 0, 0x80, 0x00}, {2, 0x80, 0xE0, 0xC0}, {3, 0x800, 0xF0, 0xE0}, {4, 0x10000, 0xF8, 0xF0}};
+
+// The character at the beginning of a text that is not empty.
+Character first_character(std::string_view text) {
+    const auto octet = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
+    for (const auto &[length, least, mask, lead] : forms) {
+        if ((octet(0) & mask) != lead || text.size() < length)
+            continue;
+        char32_t code = static_cast<unsigned char>(octet(0) & ~mask);
+        for (std::size_t i = 1; i < length; i++) {
+            if ((octet(i) & 0xC0) != 0x80)
+                return {0, 0};
+            code = code << 6 | (octet(i) & 0x3FU);
+        }
+        const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
+        return code < least || code > 0x10FFFF || surrogate ? Character{0, 0} : Character{code, length};
+    }
+    return {0, 0};
+}
+
+struct Range {
+    char32_t first, last;
+};
+constexpr Range unprintable[] = {
+    {0x00, 0x1F},     {0x7F, 0x9F},       // control characters
+    {0x061C, 0x061C}, {0x200E, 0x200F},   // direction marks
+    {0x2028, 0x202E}, {0x2066, 0x2069},   // line separators, direction overrides
+    {0xFFF9, 0xFFFB}, {0xE0000, 0xE007F}, // annotations, invisible tags
+};
+
+bool is_printable(char32_t code, bool ascii) {
+    return !(ascii && code > 0x7E) &&
+           std::none_of(std::begin(unprintable), std::end(unprintable),
+                        [code](Range r) { return code >= r.first && code <= r.last; });
+}
+
+} // namespace
+
+bool is_utf8(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t length = first_character(text).length;
+        if (length == 0)
+            return false;
+        text.remove_prefix(length);
+    }
+    return true;
+}
+
+std::string printable(std::string_view text, bool ascii) {
+    std::string shown;
+    while (!text.empty()) {
+        const auto [code, length] = first_character(text);
+        const std::string_view bytes = text.substr(0, std::max<std::size_t>(length, 1));
+        if (code == '\\')
+            shown += "\\\\";
+        else if (length > 0 && is_printable(code, ascii))
+            shown += bytes;
+        else
+            for (const char byte : bytes)
+                fmt::format_to(std::back_inserter(shown), "\\x{:02x}", static_cast<unsigned char>(byte));
+        text.remove_prefix(bytes.size());
+    }
+    return shown;
+}
+
+std::string hexadecimal(std::string_view bytes) {
+    std::string shown;
+    for (const char byte : bytes)
+        fmt::format_to(std::back_inserter(shown), "{:02x}", static_cast<unsigned char>(byte));
+    return shown;
+}

@@ -1,0 +1,164 @@
+#include "service/gateway.h"
+
+#include <arpa/inet.h>
+#include <array>
+#include <csignal>
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <fstream>
+#include <poll.h>
+#include <stdexcept>
+#include <sys/prctl.h>
+#include <sys/socket.h>
+#include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
+
+using namespace std::chrono_literals;
+
+Process::Process(const std::vector<std::string> &command, const std::vector<std::string> &environment,
+                 const std::string &out, const std::string &err)
+    : id_(fork()) {
+    if (id_ != 0)
+        return;
+    prctl(PR_SET_PDEATHSIG, SIGKILL);
+    dup2(open(out.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644), STDOUT_FILENO);
+    dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644), STDERR_FILENO);
+    std::vector<char *> words;
+    for (const auto &word : command)
+        words.push_back(const_cast<char *>(word.c_str()));
+    words.push_back(nullptr);
+    for (const auto &variable : environment)
+        putenv(const_cast<char *>(variable.c_str()));
+    execv(words[0], words.data());
+    _exit(127);
+}
+
+Process::~Process() {
+    if (id_ > 0 && kill(id_, SIGKILL) == 0)
+        waitpid(id_, nullptr, 0);
+}
+
+std::optional<int> Process::ended(std::chrono::milliseconds patience) {
+    int status = 0;
+    for (; patience > 0ms; patience -= 10ms) {
+        if (waitpid(id_, &status, WNOHANG) == id_) {
+            id_ = -1;
+            return status;
+        }
+        std::this_thread::sleep_for(10ms);
+    }
+    return std::nullopt;
+}
+
+std::string word(std::uint32_t value) {
+    const std::uint32_t wire = htonl(value);
+    return {reinterpret_cast<const char *>(&wire), sizeof wire};
+}
+
+std::string xdr_text(std::string_view bytes) {
+    std::string text = word(static_cast<std::uint32_t>(bytes.size())).append(bytes);
+    return text.append((4 - bytes.size() % 4) % 4, '\0');
+}
+
+std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std::string_view data) {
+    std::string reply = word(static_cast<std::uint32_t>(code)) + word(static_cast<std::uint32_t>(numbers.size()));
+    for (const std::uint32_t number : numbers)
+        reply += word(number);
+    return reply + xdr_text(data);
+}
+
+std::string read_file(const std::string &path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+void write_file(const std::string &path, std::string_view text) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
+}
+
+namespace {
+
+std::vector<std::string> daemon_command(const std::vector<std::string> &arguments) {
+    std::vector<std::string> command{BINARY_DIR "/bin/wlan-configd"};
+    command.insert(command.end(), arguments.begin(), arguments.end());
+    return command;
+}
+
+std::vector<std::string> gateway_environment() {
+    if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
+        throw std::runtime_error("sim/setup failed");
+    std::filesystem::remove("/tmp/gateway/out");
+    std::filesystem::remove("/tmp/gateway/err");
+    (void)std::system("rpcinfo -d 538054928 1 2>/dev/null"); // what a killed one left
+    return {"LD_PRELOAD=" BINARY_DIR "/lib/libzav_sim.so", "ZAV_SIM_DIR=/tmp/gateway",
+            "zav_cfg_dir=/tmp/gateway/settings", "zav_install_dir=" SOURCE_DIR "/sim/host",
+            std::string("PATH=" SOURCE_DIR "/sim/bin:") + std::getenv("PATH")};
+}
+
+std::uint32_t word_at(std::string_view bytes, std::size_t offset) {
+    std::uint32_t value;
+    std::memcpy(&value, bytes.data() + offset, sizeof value);
+    return ntohl(value);
+}
+
+// The port that the portmapper knows; 0 when the process ends instead.
+unsigned find_port(pid_t process) {
+    for (int tries = 0; tries < 500; ++tries, std::this_thread::sleep_for(20ms)) {
+        FILE *list = popen("rpcinfo -p 127.0.0.1 2>/dev/null | awk '$1 == 538054928 { print $4; exit }'", "r");
+        unsigned port = 0;
+        const bool found = std::fscanf(list, "%u", &port) == 1;
+        pclose(list);
+        if (found || kill(process, 0) != 0)
+            return port;
+    }
+    return 0;
+}
+
+} // namespace
+
+Gateway::Gateway(const std::vector<std::string> &arguments)
+    : daemon_(daemon_command(arguments), gateway_environment(), path("out"), path("err")),
+      port_(find_port(daemon_.id())), socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+    sockaddr_in address{};
+    address.sin_family = AF_INET;
+    address.sin_port = htons(static_cast<std::uint16_t>(port_));
+    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    if (connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0)
+        throw std::runtime_error("connect");
+}
+
+std::string call_header(std::uint32_t procedure, std::uint32_t program, std::uint32_t version) {
+    static std::uint32_t transaction = 1;
+    std::string header;
+    for (const std::uint32_t value : {++transaction, 0U, 2U, program, version, procedure, 0U, 0U, 0U, 0U})
+        header += word(value);
+    return header;
+}
+
+std::optional<std::string> Gateway::exchange(std::string_view datagram, int patience_ms) {
+    pollfd ready{socket_, POLLIN, 0};
+    std::array<char, 65536> reply;
+    if (send(socket_, datagram.data(), datagram.size(), 0) < 0)
+        return std::nullopt;
+    while (poll(&ready, 1, patience_ms) == 1) {
+        const ssize_t length = recv(socket_, reply.data(), reply.size(), 0);
+        if (length < 0)
+            return std::nullopt;
+        if (length >= 24 && std::memcmp(reply.data(), datagram.data(), 4) == 0)
+            return std::string(reply.data(), static_cast<std::size_t>(length));
+    }
+    return std::nullopt;
+}
+
+std::optional<std::string> Gateway::call(std::uint32_t procedure, std::string_view arguments,
+                                         std::uint32_t *status, int patience_ms) {
+    const auto reply = exchange(call_header(procedure).append(arguments), patience_ms);
+    if (!reply)
+        return std::nullopt;
+    if (status != nullptr)
+        *status = word_at(*reply, 20);
+    return reply->substr(24);
+}

@@ -1,0 +1,63 @@
+#pragma once
+
+#include <chrono>
+#include <cstdint>
+#include <filesystem>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+#include <vector>
+
+// A process that ends with the object.
+class Process {
+public:
+    // `environment` is put before the command's own; output goes to the files.
+    Process(const std::vector<std::string> &command, const std::vector<std::string> &environment,
+            const std::string &out, const std::string &err);
+    ~Process();
+    Process(const Process &) = delete;
+    Process &operator=(const Process &) = delete;
+
+    pid_t id() const { return id_; }
+    // The wait status, once it has ended.
+    std::optional<int> ended(std::chrono::milliseconds patience = std::chrono::seconds(10));
+
+private:
+    pid_t id_;
+};
+
+// XDR by hand: what the tests send and expect is made without the code under test.
+std::string word(std::uint32_t value);
+std::string xdr_text(std::string_view bytes);
+std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std::string_view data);
+
+std::string read_file(const std::string &path);
+void write_file(const std::string &path, std::string_view text);
+
+// A simulated gateway in /tmp/gateway with the real daemon on it.
+class Gateway {
+public:
+    static constexpr char directory[] = "/tmp/gateway";
+
+    explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"});
+
+    // The body of the reply (behind the accept status, which `status` gets), or nothing in time.
+    std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
+                                    std::uint32_t *status = nullptr, int patience_ms = 5000);
+    // Sends a datagram as it is; the whole reply, or nothing in time.
+    std::optional<std::string> exchange(std::string_view datagram, int patience_ms);
+    bool answers() { return call(0, "").has_value(); }
+
+    Process &daemon() { return daemon_; }
+    std::string path(const std::string &name) const { return std::string(directory) + "/" + name; }
+    unsigned port() const { return port_; }
+
+private:
+    Process daemon_;
+    unsigned port_;
+    int socket_;
+};
+
+// The call header with the next transaction number.
+std::string call_header(std::uint32_t procedure, std::uint32_t program = 0x20121110, std::uint32_t version = 1);

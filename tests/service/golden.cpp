@@ -1,0 +1,137 @@
+#include "service/golden.h"
+
+#include <cstdlib>
+#include <fstream>
+#include <sstream>
+#include <stdexcept>
+
+namespace {
+
+// A quoted text with the escapes \\ \" \n \t \0 and \xNN.
+std::string read_quoted(std::istream &line) {
+    std::string text;
+    line >> std::ws;
+    if (line.get() != '"')
+        throw std::runtime_error("a quoted text is missing");
+    for (int c = line.get(); c != '"'; c = line.get()) {
+        if (c == EOF)
+            throw std::runtime_error("a quoted text has no end");
+        if (c != '\\') {
+            text += static_cast<char>(c);
+            continue;
+        }
+        c = line.get();
+        const std::string_view names = "nt0\\\"", values("\n\t\0\\\"", 5);
+        char digits[3] = {};
+        if (c == 'x' && line.read(digits, 2))
+            text += static_cast<char>(std::strtol(digits, nullptr, 16));
+        else
+            text += values.at(names.find(static_cast<char>(c)));
+    }
+    return text;
+}
+
+void read_arguments(std::istream &line, GoldenCall &call) {
+    for (std::string kind; line >> kind;) {
+        if (kind == "text") {
+            call.words.push_back(read_quoted(line));
+            call.arguments += xdr_text(call.words.back());
+        } else {
+            long long value = 0;
+            line >> value;
+            call.words.push_back(std::to_string(value));
+            call.arguments += word(static_cast<std::uint32_t>(value));
+        }
+    }
+}
+
+std::string read_data(std::istream &line) {
+    int code = 0;
+    char mark = 0;
+    std::vector<std::uint32_t> numbers;
+    line >> code >> mark;
+    for (std::uint32_t number = 0; line >> number;) {
+        numbers.push_back(number);
+        line >> std::ws;
+        if (line.peek() == ',')
+            line.get();
+    }
+    line.clear();
+    line >> mark;
+    return data_reply(code, numbers, read_quoted(line));
+}
+
+std::string rest_of(std::istream &line) {
+    std::string rest;
+    line.get();
+    std::getline(line, rest);
+    if (rest.ends_with('$')) // shows the blanks before it
+        rest.pop_back();
+    return rest;
+}
+
+void read_expectation(const std::string &keyword, std::istream &line, GoldenCall &call) {
+    int code = 0;
+    if (keyword == "code" && line >> code)
+        call.reply = word(static_cast<std::uint32_t>(code));
+    else if (keyword == "data")
+        call.reply = read_data(line);
+    else if (keyword == "none")
+        call.reply = std::nullopt;
+    else if (keyword == "out")
+        call.out.push_back(rest_of(line));
+    else if (keyword == "err")
+        call.err.push_back(rest_of(line));
+    else if (keyword == "stored")
+        call.settings.push_back(rest_of(line));
+    else if (keyword == "command")
+        call.commands.push_back(rest_of(line));
+    else
+        throw std::runtime_error("no such keyword: " + keyword);
+}
+
+void read_line(const std::string &text, std::vector<GoldenCase> &cases) {
+    std::istringstream line(text);
+    std::string keyword;
+    line >> keyword;
+    if (keyword == "case") {
+        cases.push_back({rest_of(line), {}, {}});
+    } else if (keyword == "given") {
+        std::string file;
+        line >> file;
+        cases.back().given.emplace_back(file, read_quoted(line));
+    } else if (keyword == "call") {
+        GoldenCall call;
+        line >> call.number >> call.name;
+        read_arguments(line, call);
+        cases.back().calls.push_back(call);
+    } else {
+        read_expectation(keyword, line, cases.back().calls.back());
+    }
+}
+
+} // namespace
+
+std::vector<GoldenCase> read_golden(const std::string &path) {
+    std::vector<GoldenCase> cases;
+    std::ifstream file(path);
+    int number = 0;
+    for (std::string line; std::getline(file, line);) {
+        ++number;
+        if (line.empty() || line.starts_with('#'))
+            continue;
+        try {
+            read_line(line, cases);
+        } catch (const std::exception &error) {
+            throw std::runtime_error(path + ":" + std::to_string(number) + ": " + error.what());
+        }
+    }
+    return cases;
+}
+
+void prepare(const GoldenCase &golden) {
+    if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
+        throw std::runtime_error("sim/setup failed");
+    for (const auto &[file, content] : golden.given)
+        write_file(std::string(Gateway::directory) + "/" + file, content);
+}

@@ -1,0 +1,182 @@
+// Runs in the simulated gateway /tmp/gateway with its driver preloaded.
+
+#include "api/rates.h"
+#include "backend/config_store.h"
+#include "backend/driver_channel.h"
+#include "backend/interfaces.h"
+#include "backend/lifecycle.h"
+#include "backend/shell.h"
+
+#include <climits>
+#include <csignal>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+namespace {
+
+void write_file(const std::string &name, const std::string &text) {
+    std::ofstream("/tmp/gateway/" + name, std::ios::binary) << text;
+}
+
+// The daemon as it starts, with files that name so many BSSes.
+void start_with(const std::string &number_24g, const std::string &number_5g, unsigned loaded = 245) {
+    write_file("settings/ZAV75024g.dat", "#\nBssidNum=" + number_24g + "\n");
+    write_file("settings/ZAV750.dat", "#\nBssidNum=" + number_5g + "\nA=7\n");
+    BssidNumZvi00 = BssidNumZv00 = 0;
+    InterfacesUp = loaded;
+    driver_initialised = false;
+}
+
+// All that an index stands for; "" and 99 are untouched.
+std::tuple<Status, std::string, std::string, unsigned, unsigned, unsigned> meaning(int index) {
+    InterfaceName name{}, air_time{};
+    unsigned bss = 99, first = 99, last = 99;
+    const Status status = GET_IFNAME_FROM_INDEX(&name, index, &bss);
+    EXPECT_EQ(GET_ATM_IFNAME_FROM_INDEX(&air_time, index, nullptr), status);
+    EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(&first, &last, index), status);
+    return {status, name.data(), air_time.data(), bss, first, last};
+}
+
+TEST(Interfaces, HaveOneMeaningForEachIndex) {
+    start_with("4", "4");
+    EXPECT_EQ(meaning(1), std::tuple(success, "zvi00", "atm24g", 1, 1, 4));
+    EXPECT_EQ(meaning(4), std::tuple(success, "zvi03", "atm24g", 4, 1, 4));
+    EXPECT_EQ(meaning(5), std::tuple(success, "zv00", "atm5g", 1, 5, 8));
+    EXPECT_EQ(meaning(8), std::tuple(success, "zv03", "atm5g", 4, 5, 8));
+    for (const int index : {0, 9, -1, INT_MIN, INT_MAX}) {
+        EXPECT_EQ(meaning(index), std::tuple(failure, "", "", 99, 99, 99)) << index;
+        EXPECT_EQ(ZAV_nvram_get_uint32_helper(index, "A", 3), 3) << index;
+        EXPECT_EQ(ZAV_nvram_set_uint32_helper(index, "A", 1), failure) << index;
+    }
+    unsigned first = 99, last = 99;
+    EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(nullptr, &last, 5), failure);
+    EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5), failure);
+    EXPECT_EQ(std::tuple(first, last), std::tuple(5, 99));
+    InterfaceName name{};
+    EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), failure) << "the driver is not initialised";
+    driver_initialised = true;
+    EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), success);
+    EXPECT_EQ(std::tuple(ZAV_is24g(name.data()), ZAV_is5g(name.data())), std::tuple(0, 1));
+    EXPECT_EQ(std::tuple(ZAV_is24g("zvi00"), ZAV_is5g("zvi00")), std::tuple(1, 0));
+}
+
+std::tuple<unsigned, std::string> count_and_first(const char *number_24g, const char *number_5g,
+                                                  unsigned loaded) {
+    start_with(number_24g, number_5g, loaded);
+    unsigned total = 0;
+    EXPECT_EQ(ZAV_GetNumberOfEntries(&total), success);
+    return {total, std::get<1>(meaning(1))};
+}
+
+TEST(Interfaces, TakeTheirCountsFromTheFilesOnce) {
+    EXPECT_EQ(count_and_first("4", "3", 24), std::tuple(4, "zvi00"));
+    EXPECT_EQ(count_and_first("4", "3", 5), std::tuple(3, "zv00"));
+    EXPECT_EQ(count_and_first("65", "64", 245), std::tuple(128, "zvi00"));
+    EXPECT_EQ(count_and_first("-1", "garbage", 245), std::tuple(0, ""));
+    EXPECT_EQ(count_and_first("0", "2", 245), std::tuple(2, "zv00"));
+    write_file("settings/ZAV75024g.dat", "#\nBssidNum=6\n"); // was unknown
+    write_file("settings/ZAV750.dat", "#\nBssidNum=9\n");    // was known
+    EXPECT_EQ(meaning(8), std::tuple(success, "zv01", "atm5g", 2, 7, 8));
+}
+
+TEST(Interfaces, AreProbedInBothFormsOfIfconfig) {
+    const std::string other = "eth0      Link encap:Ethernet\n          zv0 zvi0\n";
+    const std::string old_24g = "zvi00     Link encap:Ethernet  HWaddr 00:00:5E:00:53:20\n";
+    const std::string new_5g = "zv01: flags=4163<UP,BROADCAST,RUNNING,MULTICAST>  mtu 1500\n";
+    const auto running = [](const std::string &output) {
+        write_file("faults/tool.ifconfig.answer", output);
+        return std::tuple(GET_RUNNING_INTERFACES(), isInterfacesRunningOnBand(1),
+                          isInterfacesRunningOnBand(5));
+    };
+    start_with("4", "4");
+    EXPECT_EQ(running(other), std::tuple(0, 0, 0));
+    EXPECT_EQ(running(other + new_5g), std::tuple(5, 0, 1));
+    EXPECT_EQ(running(old_24g + other), std::tuple(24, 1, 0));
+    EXPECT_EQ(running(old_24g + new_5g), std::tuple(245, 1, 1));
+    write_file("faults/tool.ifconfig.fail", "127");
+    EXPECT_EQ(running(old_24g), std::tuple(0, 0, 0)) << "as if there were no ifconfig";
+    unlink("/tmp/gateway/faults/tool.ifconfig.fail");
+    unlink("/tmp/gateway/faults/tool.ifconfig.answer");
+}
+
+std::string rates(const char *answer, std::size_t room = 64) {
+    std::string text(64, '~');
+    return format_rates(answer, std::span(text).first(room)) == success ? text.c_str() : "failure";
+}
+
+TEST(Rates, AreHalvedAndCutAtAWholeRate) {
+    EXPECT_EQ(rates("BasicRate | 1 2 \nMaxDesireRate | 2 4 11 22 "), "1,2,5.5,11");
+    EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22"), "1,2,5.5");
+    EXPECT_EQ(rates("MaxDesireRate | 99999999999999999999 -3 none 4 "), "0.5,-1.5") << "as many bits as fit";
+    EXPECT_EQ(rates("MaxDesireRate |"), "");
+    EXPECT_EQ(rates("| 2 4 MaxDesireRate "), "failure");
+    EXPECT_EQ(rates("BasicRate | 2 4 "), "failure");
+    EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22 ", 8), "1,2,5.5");
+    EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22 ", 7), "1,2");
+    EXPECT_EQ(rates("MaxDesireRate | 2 4 ", 0), std::string(64, '~'));
+}
+
+std::string error_line(const std::function<Status()> &action) {
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(action(), failure);
+    return testing::internal::GetCapturedStderr();
+}
+
+TEST(Shell, JudgesByTheExitStatusAndPassesNothingOn) {
+    EXPECT_EQ(error_line([] { return run_command("who", "exit 1"); }),
+              "[ZAV-API] Error who command failed (rc=256,WEXITSTATUS=1).\n");
+    const int inherited = dup2(0, 77);
+    sigset_t all, before;
+    sigfillset(&all);
+    sigprocmask(SIG_BLOCK, &all, &before);
+    EXPECT_EQ(run_command("who", "test ! -e /proc/$$/fd/77"), success);
+    EXPECT_EQ(run_command("who", "kill -TERM $$; exit 1"), success) << "ended by a signal";
+    sigprocmask(SIG_SETMASK, &before, nullptr);
+    close(inherited);
+}
+
+TEST(Driver, GetsCommandsOnceItIsInitialised) {
+    start_with("8", "8");
+    write_file("log", "");
+    write_file("interfaces/zvi00", "down");
+    EXPECT_EQ(ZAV_Set(0, "TxPower=40"), success);
+    driver_initialised = true;
+    EXPECT_EQ(ZAV_Set(1, "TxPower=50"), success);
+    EXPECT_EQ(error_line([] { return ZAV_Set(0, "TxPower=60"); }),
+              "[ZAV-API] Error ZAV_Set invalid interface index: 0\n");
+    write_file("faults/set.zvi00.A.fail", "5");
+    EXPECT_EQ(error_line([] { return ZAV_Set(1, "A=1"); }),
+              "[ZAV-API] Error ZAV_Set zvi00: ioctl failed Input/output error (5).\n");
+    EXPECT_EQ(ZAV_InterfaceUp(1), success);
+    EXPECT_EQ(ZAV_InterfaceDown(9), failure) << "there is no such interface";
+    std::ifstream log("/tmp/gateway/log");
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(log), {}),
+              "set zvi00 TxPower=50\nset zvi00 A=1\ntool ifconfig zvi00 up\ntool ifconfig zv00 down\n");
+}
+
+TEST(Driver, AnswersWithATerminatedTextThatFits) {
+    const auto show = [](const std::string &answer, std::size_t room = 1024) {
+        write_file("faults/show.zvi00.Channel.answer", answer);
+        std::string reply(1100, '~');
+        EXPECT_EQ(ZAV_Show(1, "Channel", std::span(reply).first(room)), success);
+        EXPECT_EQ(reply.find_first_not_of('~', room), reply.npos) << "written behind the buffer";
+        return std::string(reply.c_str());
+    };
+    start_with("8", "8");
+    EXPECT_EQ(show({"\t36", 4}), "36");
+    EXPECT_EQ(show({"36", 3}), "36");
+    EXPECT_EQ(show("\t36"), "36");
+    EXPECT_EQ(show("36"), "3") << "the last byte is the terminator, whatever it is";
+    EXPECT_EQ(show(""), "");
+    EXPECT_EQ(show(std::string(1000, 'x')), std::string(999, 'x'));
+    EXPECT_EQ(show(std::string(1000, 'x'), 16), std::string(15, 'x'));
+    write_file("faults/show.zvi00.SSID.fail", "110");
+    for (const int index : {1, 9, 0}) { // a fault, no such interface, no such index
+        std::string reply = "old text";
+        EXPECT_EQ(ZAV_Show(index, "SSID", reply), failure);
+        EXPECT_EQ(reply[0], '\0') << index;
+    }
+}
+
+} // namespace

@@ -7,12 +7,11 @@
 namespace calls {
 
 constexpr unsigned null = 0;
-constexpr unsigned get_fallback = 54; // one number out of the settings file
-constexpr unsigned set_fallback = 55; // a boolean: its text keeps its length
-constexpr unsigned set_rekey = 161;   // a number: its text may change its length
-
-static_assert(find_procedure(get_fallback)->name == "wlan_get_auto_rate_fallback_enable" &&
-              find_procedure(set_fallback)->name == "wlan_set_auto_rate_fallback_enable" &&
-              find_procedure(set_rekey)->name == "wlan_set_wpa_group_reauth_interval");
+constexpr unsigned get_fallback =
+    find_procedure("wlan_get_auto_rate_fallback_enable")->number; // one number out of the settings file
+constexpr unsigned set_fallback =
+    find_procedure("wlan_set_auto_rate_fallback_enable")->number; // a boolean: its text keeps its length
+constexpr unsigned set_rekey =
+    find_procedure("wlan_set_wpa_group_reauth_interval")->number; // a number: its text may change its length
 
 } // namespace calls

@@ -60,4 +60,5 @@ private:
 };
 
 // The call header with the next transaction number.
-std::string call_header(std::uint32_t procedure, std::uint32_t program = 0x20121110, std::uint32_t version = 1);
+std::string call_header(std::uint32_t procedure, std::uint32_t program = 0x20121110,
+                        std::uint32_t version = 1);

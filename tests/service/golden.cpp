@@ -132,6 +132,7 @@ std::vector<GoldenCase> read_golden(const std::string &path) {
 void prepare(const GoldenCase &golden) {
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
         throw std::runtime_error("sim/setup failed");
+    std::filesystem::remove("/tmp/nvram_set_lock");
     for (const auto &[file, content] : golden.given)
         write_file(std::string(Gateway::directory) + "/" + file, content);
 }

@@ -7,8 +7,8 @@
 struct GoldenCall {
     unsigned number = 0;
     std::string name;
-    std::string arguments;          // XDR
-    std::vector<std::string> words; // the same arguments as a command line has them
+    std::string arguments;            // XDR
+    std::vector<std::string> words;   // the same arguments as a command line has them
     std::optional<std::string> reply; // XDR; none where no reply comes
     std::vector<std::string> out, err, settings, commands;
 };

@@ -45,8 +45,8 @@ Lines all_settings(const Gateway &gateway) {
 
 std::string key_of(const std::string &line) { return line.substr(0, line.find('=')); }
 
-// The lines that `after` has instead of, or in addition to, those of `before`. A line that vanished or moved shows
-// as a change too.
+// The lines that `after` has instead of, or in addition to, those of `before`. A line that vanished or moved
+// shows as a change too.
 Lines changes(const Lines &before, const Lines &after) {
     Lines changed;
     std::size_t at = 0;
@@ -79,10 +79,7 @@ std::string hex(const std::optional<std::string> &bytes) {
 class Golden : public testing::TestWithParam<GoldenCase> {
 protected:
     static void SetUpTestSuite() { gateway = new Gateway; }
-    static void TearDownTestSuite() {
-        write_file("/tmp/wlandbg", "");
-        delete std::exchange(gateway, nullptr);
-    }
+    static void TearDownTestSuite() { delete std::exchange(gateway, nullptr); }
     static inline Gateway *gateway = nullptr;
 };
 

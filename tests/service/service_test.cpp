@@ -1,0 +1,271 @@
+#include "service/gateway.h"
+
+#include "rpc/protocol.h"
+
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <random>
+#include <sys/wait.h>
+#include <thread>
+
+namespace {
+
+constexpr std::uint32_t proc_unavailable = 3, garbage_arguments = 4;
+constexpr std::uint32_t get_number_of_entries = 4, set_max_bitrate = 15, get_ssid = 21, set_ssid = 22;
+
+#ifdef SANITIZED
+constexpr int hostile_datagrams = 50'000;
+constexpr bool memory_counts = false; // a sanitizer's own memory grows
+#else
+constexpr int hostile_datagrams = 1'000'000;
+constexpr bool memory_counts = true;
+#endif
+
+std::string settings(const Gateway &gateway) {
+    return read_file(gateway.path("settings/ZAV75024g.dat")) + read_file(gateway.path("settings/ZAV750.dat"));
+}
+
+bool registered() { return std::system("rpcinfo -u 127.0.0.1 538054928 1 >/dev/null 2>&1") == 0; }
+
+struct Ended {
+    int status;
+    std::string out, err;
+};
+
+// Runs the daemon to its end.
+Ended run_daemon(const std::string &arguments) {
+    const std::string command = BINARY_DIR "/bin/wlan-configd " + arguments + " >/tmp/out 2>/tmp/err";
+    const int status = std::system(command.c_str());
+    return {WEXITSTATUS(status), read_file("/tmp/out"), read_file("/tmp/err")};
+}
+
+TEST(StartUp, HelpAndVersionLeaveTheRunningDaemonRegistered) {
+    Gateway gateway;
+    for (const char *word : {"--help", "--version"}) {
+        const Ended ended = run_daemon(word);
+        EXPECT_EQ(ended.status, 0);
+        EXPECT_NE(ended.out.find("wlan-configd"), std::string::npos);
+        EXPECT_TRUE(registered());
+    }
+}
+
+TEST(StartUp, RefusesWhatItCannotBind) {
+    const Ended no_address = run_daemon("999.1.1.1 ignored");
+    EXPECT_EQ(no_address.status, 1);
+    EXPECT_EQ(no_address.out, "WLAN RPC Server IP addr 999.1.1.1\ninet_aton failed with IPv4 999.1.1.1\n");
+    EXPECT_EQ(no_address.err, "");
+    const Ended not_local = run_daemon("192.0.2.1");
+    EXPECT_EQ(not_local.status, 1);
+    EXPECT_EQ(not_local.err, "bind: Cannot assign requested address\n");
+    EXPECT_FALSE(registered());
+}
+
+TEST(StartUp, AnyOtherTextUnregistersFirst) {
+    Gateway gateway;
+    EXPECT_EQ(run_daemon("--help-me").status, 1);
+    EXPECT_FALSE(registered());
+}
+
+TEST(StartUp, NeedsThePortmapper) {
+    ASSERT_EQ(std::system("kill $(pidof rpcbind) && while pidof rpcbind; do sleep 0.02; done >/dev/null"), 0);
+    const Ended ended = run_daemon("127.0.0.1");
+    EXPECT_EQ(ended.status, 1);
+    EXPECT_TRUE(
+        ended.err.ends_with("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp)."))
+        << ended.err;
+    ASSERT_EQ(std::system("rpcbind -w; until rpcinfo -p 127.0.0.1 >/dev/null 2>&1; do sleep 0.02; done"), 0);
+}
+
+class BothForms : public testing::TestWithParam<std::vector<std::string>> {};
+
+TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
+    Gateway gateway(GetParam());
+    ASSERT_TRUE(gateway.answers());
+    EXPECT_EQ(read_file(gateway.path("out")), GetParam().empty()
+                                                  ? ""
+                                                  : "WLAN RPC Server IP addr 127.0.0.1\n"
+                                                    "WLAN RPC server bind successfully to 127.0.0.1\n");
+    EXPECT_EQ(read_file(gateway.path("err")), "");
+    const std::string process = "/proc/" + std::to_string(gateway.daemon().id());
+    for (const auto &entry : std::filesystem::directory_iterator(process + "/fdinfo")) {
+        if (std::stoi(entry.path().filename()) <= 2)
+            continue;
+        const std::string info = read_file(entry.path());
+        const auto flags = std::stoul(info.substr(info.find("flags:") + 6), nullptr, 8);
+        EXPECT_TRUE(flags & 02000000) << entry.path() << '\n' << info;
+    }
+}
+
+INSTANTIATE_TEST_SUITE_P(StartUp, BothForms,
+                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"127.0.0.1"}));
+
+TEST(StartUp, TheSecondOfTwoIsTheOneThatClientsFind) {
+    Gateway first;
+    Process second({BINARY_DIR "/bin/wlan-configd", "127.0.0.1"}, {}, "/tmp/out2", "/tmp/err2");
+    while (read_file("/tmp/out2").find("successfully") == std::string::npos)
+        ASSERT_FALSE(second.ended(std::chrono::milliseconds(20)));
+    kill(first.daemon().id(), SIGKILL);
+    EXPECT_EQ(
+        std::system("for i in 1 2 3 4 5 6 7 8 9; do rpcinfo -u 127.0.0.1 538054928 1 && exit; sleep 0.1; "
+                    "done >/dev/null 2>&1; exit 1"),
+        0);
+}
+
+TEST(Debug, LinesComeAndGoWithTheFile) {
+    Gateway gateway;
+    std::filesystem::remove("/tmp/wlandbg");
+    const std::string quiet = read_file(gateway.path("out"));
+    gateway.call(get_ssid, word(99));
+    EXPECT_EQ(read_file(gateway.path("out")), quiet);
+    EXPECT_EQ(read_file(gateway.path("err")), "[ZAV-API] Error wlan_getSSID failed !!!\n");
+    write_file("/tmp/wlandbg", "");
+    gateway.call(get_ssid, word(1));
+    std::filesystem::remove("/tmp/wlandbg");
+    const std::string spoken = read_file(gateway.path("out"));
+    EXPECT_TRUE(spoken.ends_with("[ssid Gateway-2.4G]\n")) << spoken;
+    gateway.call(get_ssid, word(1));
+    EXPECT_EQ(read_file(gateway.path("out")), spoken);
+}
+
+TEST(Transport, NumbersWithoutAProcedureAreUnavailable) {
+    Gateway gateway;
+    for (std::uint32_t number = 1; number < 300; ++number) {
+        std::uint32_t status = 0;
+        const bool known = std::any_of(std::begin(protocol), std::end(protocol),
+                                       [&](const Procedure &row) { return row.number == number; });
+        if (known)
+            continue;
+        ASSERT_TRUE(gateway.call(number, word(1), &status)) << number;
+        EXPECT_EQ(status, proc_unavailable) << number;
+    }
+}
+
+TEST(Transport, ABurstIsKeptWhileACallTakesItsTime) {
+    Gateway gateway;
+    kill(gateway.daemon().id(), SIGSTOP);
+    for (int i = 0; i < 999; ++i)
+        gateway.exchange(call_header(0), 0);
+    std::thread later([&] {
+        std::this_thread::sleep_for(std::chrono::milliseconds(100));
+        kill(gateway.daemon().id(), SIGCONT);
+    });
+    EXPECT_TRUE(gateway.answers()); // the thousandth
+    later.join();
+}
+
+// A cut call must never be completed by what an earlier one left in the library's buffer.
+TEST(Hostile, NoTruncationSucceedsOrTellsASecret) {
+    Gateway gateway;
+    write_file("/tmp/wlandbg", "");
+    const std::string secret = "SECRET0SECRET1SECRET2SECRET3SEC";
+    gateway.call(set_ssid, word(2) + xdr_text(secret));
+    const std::string before = settings(gateway);
+    const std::size_t spoken = read_file(gateway.path("out")).size();
+    for (const std::string &call :
+         {call_header(set_ssid) + word(1) + xdr_text(secret), call_header(get_ssid) + word(1)}) {
+        for (std::size_t length = 0; length < call.size(); length += 4) {
+            SCOPED_TRACE(length);
+            gateway.call(get_ssid, word(2)); // the reply brings the secret back into the buffer
+            const auto reply =
+                gateway.exchange(std::string_view(call).substr(0, length), length < 40 ? 20 : 5000);
+            EXPECT_EQ(reply.has_value(), length >= 40);
+            if (reply) {
+                EXPECT_EQ(reply->substr(20), word(garbage_arguments));
+            }
+        }
+    }
+    std::filesystem::remove("/tmp/wlandbg");
+    EXPECT_EQ(settings(gateway), before);
+    const std::string out = read_file(gateway.path("out")).substr(spoken);
+    EXPECT_EQ(out.find("wlan_set_ssid"), std::string::npos);
+}
+
+TEST(Hostile, HeadersThatLieAreDropped) {
+    Gateway gateway;
+    const auto header = [](std::uint32_t flavor, std::uint32_t credential, std::uint32_t verifier) {
+        return call_header(0).substr(0, 24) + word(flavor) + word(credential) + word(0) + word(verifier);
+    };
+    for (const std::string &datagram :
+         {header(6, 0, 0), header(2, 0, 0), header(1, 400, 0), header(0, 8, 0), header(0, 0, 4),
+          header(0, 0, 0xFFFFFFFF), header(0, 0xFFFFFFFD, 0), header(0, 401, 0) + std::string(404, 'x'),
+          header(0, 0, 0) + std::string(8761, '\0')})
+        EXPECT_FALSE(gateway.exchange(datagram, 50)) << datagram.size();
+    EXPECT_TRUE(gateway.exchange(header(0, 0, 0) + std::string(8760, '\0'), 5000));
+}
+
+TEST(Hostile, AnnouncedLengthsAreNotBelieved) {
+    Gateway gateway;
+    std::vector<std::uint32_t> lengths;
+    for (unsigned k = 3; k < 32; ++k)
+        lengths.push_back(1U << k);
+    for (std::uint32_t low = 0xFFFFFFF0; low != 0; ++low)
+        lengths.push_back(low);
+    const std::string before = settings(gateway);
+    for (const std::uint32_t length : lengths) {
+        std::uint32_t status = 0;
+        ASSERT_TRUE(gateway.call(set_ssid, word(1) + word(length) + "abcd", &status));
+        EXPECT_EQ(status, garbage_arguments) << length;
+    }
+    EXPECT_EQ(settings(gateway), before);
+}
+
+TEST(Hostile, LongTextsAreStoredOrRefusedWhole) {
+    Gateway gateway;
+    const std::string text(8000, 'x');
+    EXPECT_EQ(gateway.call(set_max_bitrate, word(1) + xdr_text(text)), word(0));
+    EXPECT_NE(settings(gateway).find("\nMaxBitRate=" + text + "\n"), std::string::npos);
+    const std::string before = settings(gateway);
+    EXPECT_EQ(gateway.call(set_ssid, word(1) + xdr_text(text)), word(0xFFFFFFFF)); // would pass 16384 bytes
+    EXPECT_EQ(settings(gateway), before);
+}
+
+long resident_pages(pid_t process) {
+    std::ifstream statm("/proc/" + std::to_string(process) + "/statm");
+    long size = 0, resident = 0;
+    statm >> size >> resident;
+    return resident;
+}
+
+std::string random_datagram(std::mt19937 &random) {
+    std::string datagram;
+    switch (random() % 3) {
+    case 0: // noise
+        datagram.resize(random() % (random() % 50 == 0 ? 9000 : 120));
+        break;
+    case 1: // a getter with noise behind its header
+        datagram =
+            call_header(std::begin(protocol)[random() % std::size(protocol)].number) + word(0x80000000);
+        datagram.resize(44 + random() % 40);
+        return datagram;
+    default: // a call with one word of its header replaced, and no whole arguments
+        datagram = call_header(set_ssid) + word(1) + word(static_cast<std::uint32_t>(random()) | 0x10000);
+        datagram.replace(4 * (random() % 10), 4, word(static_cast<std::uint32_t>(random())));
+        return datagram;
+    }
+    std::generate(datagram.begin(), datagram.end(), [&] { return static_cast<char>(random()); });
+    return datagram;
+}
+
+TEST(Hostile, RandomDatagramsChangeNothing) {
+    Gateway gateway;
+    std::mt19937 random(20121110);
+    const std::string before = settings(gateway);
+    long resident = 0;
+    for (int i = 0; i < hostile_datagrams; ++i) {
+        gateway.exchange(random_datagram(random), 0);
+        if (i % 100 == 0) {
+            ASSERT_TRUE(gateway.answers()) << i;
+        }
+        if (i == hostile_datagrams / 10)
+            resident = resident_pages(gateway.daemon().id());
+    }
+    EXPECT_EQ(settings(gateway), before);
+    if (memory_counts) {
+        EXPECT_LE(resident_pages(gateway.daemon().id()), resident + 50);
+    }
+}
+
+} // namespace

@@ -1,5 +1,6 @@
 #include "service/gateway.h"
 
+#include <algorithm>
 #include <arpa/inet.h>
 #include <array>
 #include <csignal>
@@ -26,12 +27,11 @@ Process::Process(const std::vector<std::string> &command, const std::vector<std:
         return;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
     close_range(3, ~0U, CLOSE_RANGE_CLOEXEC); // it starts with what it opens itself
-    dup2(open(out.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644), STDOUT_FILENO);
-    dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_APPEND, 0644), STDERR_FILENO);
-    std::vector<char *> words;
-    for (const auto &word : command)
-        words.push_back(const_cast<char *>(word.c_str()));
-    words.push_back(nullptr);
+    dup2(open(out.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644), STDOUT_FILENO);
+    dup2(open(err.c_str(), O_WRONLY | O_CREAT | O_APPEND | O_CLOEXEC, 0644), STDERR_FILENO);
+    std::vector<char *> words(command.size() + 1, nullptr);
+    std::transform(command.begin(), command.end(), words.begin(),
+                   [](const std::string &word) { return const_cast<char *>(word.c_str()); });
     for (const auto &variable : environment)
         putenv(const_cast<char *>(variable.c_str()));
     execv(words[0], words.data());

@@ -70,7 +70,7 @@ Error ask_index(Connection &connection, const std::string &interface, Value &ret
         return error;
     if (answer.code < 0)
         return {Trouble::protocol, "the daemon does not tell how many interfaces it has"};
-    const std::int64_t last = std::min(answer.number, most_interfaces);
+    const std::int64_t last = std::min(answer.numbers.at(0), most_interfaces);
     for (std::int64_t index = 1; index <= last; index++) {
         Values arguments{{{Kind::integer, index}}};
         if (Error error = call(connection, *name, arguments, answer))

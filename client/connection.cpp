@@ -147,10 +147,19 @@ Error take_value(const wlan_config_result_data_t &result, Result kind, Answer &r
     case Result::none:
         return {};
     case Result::integer:
-    case Result::unsigned_integer:
-        if (count == 0)
+        if (count < 1)
             break;
-        ret_answer.number = kind == Result::integer ? std::int64_t{static_cast<int>(numbers[0])} : numbers[0];
+        ret_answer.numbers = {static_cast<int>(numbers[0])};
+        return {};
+    case Result::unsigned_integer:
+        if (count < 1)
+            break;
+        ret_answer.numbers = {numbers[0]};
+        return {};
+    case Result::port_and_index:
+        if (count < 2)
+            break;
+        ret_answer.numbers = {numbers[0], numbers[1]};
         return {};
     case Result::text:
         if (length == 0)

@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <netinet/in.h>
 #include <string>
+#include <vector>
 
 // Where the daemon is. `address` is found at the first call and kept.
 struct Connection {
@@ -17,9 +18,9 @@ struct Connection {
 };
 
 struct Answer {
-    int code = 0;            // below 0: failure, and there is no value
-    std::int64_t number = 0; // of a result of that kind
-    std::string text{};      // any bytes
+    int code = 0;                        // below 0: failure, and there is no value
+    std::vector<std::int64_t> numbers{}; // as many as the result of that kind has
+    std::string text{};                  // any bytes
 };
 
 // Calls the procedure once: a lost datagram is not sent again, for the daemon would do a change twice. Only

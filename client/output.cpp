@@ -72,6 +72,8 @@ const char *result_name(Result result) {
         return "unsigned";
     case Result::text:
         return "text";
+    case Result::port_and_index:
+        return "port and index";
     }
     return "";
 }
@@ -113,8 +115,10 @@ void print_answer_json(const Procedure &procedure, const Answer &answer) {
     if (answer.code >= 0 && has_value(procedure)) {
         if (procedure.result == Result::text)
             object["value"] = answer.text;
+        else if (answer.numbers.size() == 1)
+            object["value"] = answer.numbers[0];
         else
-            object["value"] = answer.number;
+            object["value"] = answer.numbers;
         if (!is_utf8(answer.text))
             object["value_hex"] = hexadecimal(answer.text);
     }
@@ -131,7 +135,7 @@ std::string_view setting_name(std::string_view procedure) {
 
 void print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
     const bool text = procedure.result == Result::text;
-    std::string value = text ? answer.text : fmt::format("{}", answer.number);
+    std::string value = text ? answer.text : fmt::format("{}", fmt::join(answer.numbers, " "));
     if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
     if (!output.raw)

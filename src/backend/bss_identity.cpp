@@ -1,12 +1,19 @@
 #include "backend/bss_identity.h"
 
 #include "backend/config_store.h"
+#include "backend/driver_channel.h"
 #include "backend/interfaces.h"
+#include "backend/lifecycle.h"
 #include "backend/log.h"
+#include "backend/text.h"
 
 #include <array>
+#include <cerrno>
 #include <cstdio>
 #include <cstring>
+#include <net/if.h>
+#include <strings.h>
+#include <utility>
 
 namespace {
 
@@ -18,6 +25,46 @@ struct SsidKey {
     std::array<char, 16> key;
 };
 
+// Scratch of ZAV_GetBSSIDPort: a slot for each possible index.
+using BssidText = std::array<char, 20>;
+std::array<BssidText, std::size_t{2} * most_bss_in_a_band> bss_table;
+
+// The mask of the locally administered rule leaves the first octet as many bits as the BSSes need.
+unsigned mask_for(int bss_count) {
+    constexpr std::pair<int, unsigned> masks[] = {{2, 0xFE}, {4, 0xFC}, {8, 0xF8}, {16, 0xF0}};
+    for (const auto &[most, mask] : masks)
+        if (bss_count <= most)
+            return mask;
+    return 0;
+}
+
+Status read_number(const InterfaceName &ifname, const char *key, int *ret_value) {
+    std::array<char, 16> text;
+    if (nvram_get_str(ifname.data(), key, text) != success || !scan_number(text.data(), ret_value))
+        return failure;
+    return success;
+}
+
+// Turns the base address in `bssid` into that of the BSS, from the second on.
+Status derive_bssid(const char *who, int rule, int bss_count, unsigned bss, std::span<char> bssid) {
+    std::array<unsigned, 6> octet{};
+    const unsigned mask = mask_for(bss_count);
+    if (rule != 0 && rule != 1) {
+        log_error("[ZAV-API] Error %s invalid MbssidByLAM value\n", who);
+        return failure;
+    }
+    if ((rule == 1 && mask == 0) || std::sscanf(bssid.data(), "%2x:%2x:%2x:%2x:%2x:%2x", &octet[0], &octet[1],
+                                                &octet[2], &octet[3], &octet[4], &octet[5]) != 6)
+        return failure;
+    if (rule == 1)
+        octet[0] = ((octet[0] | 0x02) & (mask * 4 + 3)) + (bss - 2) * 4;
+    else
+        octet[5] += bss - 1;
+    std::snprintf(bssid.data(), bssid.size(), "%02X:%02X:%02X:%02X:%02X:%02X", octet[0], octet[1], octet[2],
+                  octet[3], octet[4], octet[5]);
+    return success;
+}
+
 Status find_ssid_key(const char *who, int index, SsidKey *ret_place) {
     unsigned bss = 0;
     if (check_index(who, index) != success ||
@@ -28,6 +75,32 @@ Status find_ssid_key(const char *who, int index, SsidKey *ret_place) {
 }
 
 } // namespace
+
+Status ZAV_GetStatus(int index, std::span<char> ret_status) {
+    log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
+    if (!driver_initialised) {
+        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+        return failure;
+    }
+    InterfaceName ifname;
+    unsigned flags = 0;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    switch (ask_flags(ifname, &flags)) {
+    case Asked::no_socket:
+        log_error("[ZAV-API] Error %s socket failed", __func__);
+        return failure;
+    case Asked::refused:
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
+        copy_text(ret_status, "Error");
+        return success;
+    case Asked::answered:
+        break;
+    }
+    log_debug("[ZAV-API] %s %s flags=%Xh.\n", __func__, ifname.data(), flags);
+    copy_text(ret_status, (flags & (IFF_UP | IFF_RUNNING)) != 0 ? "Up" : "Disabled");
+    return success;
+}
 
 Status ZAV_GetSSID(int index, std::span<char> ret_ssid) {
     SsidKey place;
@@ -47,4 +120,61 @@ Status ZAV_SetSSID(int index, const char *ssid) {
         std::strncmp(stored.data(), ssid, longest_ssid) == 0)
         return unchanged;
     return nvram_set_str(place.ifname.data(), place.key.data(), ssid);
+}
+
+Status ZAV_GetBSSID(int index, std::span<char> ret_bssid) {
+    InterfaceName ifname;
+    unsigned bss = 0;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
+        return failure;
+    int rule = -1, bss_count = 0;
+    copy_text(ret_bssid, "");
+    (void)read_number(ifname, "MbssidByLAM", &rule);
+    (void)nvram_get_str(ifname.data(), "WL_MACADDR0", ret_bssid);
+    (void)read_number(ifname, "BssidNum", &bss_count);
+    if (bss > 1 && derive_bssid(__func__, rule, bss_count, bss, ret_bssid) != success) {
+        copy_text(ret_bssid, "");
+        return failure;
+    }
+    log_debug("[ZAV-API] %s bssid for index %d is %s.\n", __func__, index, ret_bssid.data());
+    return success;
+}
+
+Status ZAV_GetBSSIDPort(const char *bssid, unsigned *ret_port, unsigned *ret_index) {
+    *ret_port = 0;
+    const unsigned total = refresh_counts().total();
+    for (unsigned index = 1; index <= total; ++index) {
+        BssidText &slot = bss_table.at(index - 1);
+        if (ZAV_GetBSSID(static_cast<int>(index), slot) != success || slot[0] == '\0' ||
+            strcasecmp(slot.data(), bssid) != 0)
+            continue;
+        *ret_index = index;
+        return success;
+    }
+    return failure;
+}
+
+Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
+    log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
+    if (!driver_initialised) {
+        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+        return failure;
+    }
+    InterfaceName ifname;
+    int rate = 0;
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    switch (ask_bit_rate(ifname, &rate)) {
+    case Asked::no_socket:
+        log_error("[ZAV-API] Error %s ioctl sock failed!\n", __func__);
+        return failure;
+    case Asked::refused:
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
+        return failure;
+    case Asked::answered:
+        break;
+    }
+    std::snprintf(ret_rate.data(), ret_rate.size(), "%i", rate / 1000000);
+    log_debug("[ZAV-API] %s (%s).\n", __func__, ret_rate.data());
+    return success;
 }

@@ -20,7 +20,7 @@
 
 namespace {
 
-constexpr std::size_t file_limit = 16384;
+constexpr std::size_t file_limit = longest_setting;
 constexpr std::size_t longest_key = 57;
 constexpr char lock_file[] = "/tmp/nvram_set_lock";
 constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
@@ -160,6 +160,12 @@ Status nvram_set_int(const char *ifname, const char *key, int value) {
     std::array<char, 12> text{};
     std::to_chars(text.data(), text.data() + text.size() - 1, value);
     return nvram_set_str(ifname, key, text.data());
+}
+
+bool nvram_has_room(const char *ifname, std::size_t added) {
+    const std::lock_guard held(store_mutex);
+    const auto text = read_settings(open_settings(ifname));
+    return text && text->size() + added < file_limit;
 }
 
 unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value) {

@@ -2,6 +2,7 @@
 
 #include "backend/status.h"
 
+#include <cstddef>
 #include <span>
 
 // The settings files: text lines of key, "=" and value behind a header line. The daemon shares them with the
@@ -10,6 +11,8 @@
 // The interface name picks the file: "vlan" (first character 'v') the VLAN file, a third character 'i' the
 // 2.4 GHz file, anything else the 5 GHz file. A file is shorter than 16384 bytes, a key at most 57 characters
 // long; the first line is never a setting and the first of repeated keys counts.
+
+constexpr std::size_t longest_setting = 16384; // no value is as long
 
 // The path lives as long as the process. -1 when a band file is asked for and zav_cfg_dir was not set at the
 // first look.
@@ -25,7 +28,11 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
 Status nvram_set_str(const char *ifname, const char *key, const char *value);
 Status nvram_set_int(const char *ifname, const char *key, int value);
 
-// The same by interface index (see interfaces.h). An index without an interface answers the default, or -1.
+// Whether the file can take so many bytes more; false when it cannot be read.
+bool nvram_has_room(const char *ifname, std::size_t added);
+
+// Getting and setting by interface index (see interfaces.h). An index without an interface answers the
+// default, or -1.
 unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value);
 Status ZAV_nvram_set_uint32_helper(int index, const char *key, int value);
 Status ZAV_nvram_set_str_helper(int index, const char *key, const char *value);

@@ -34,8 +34,10 @@ iwreq make_request(const InterfaceName &ifname, void *data, std::size_t length) 
     return request;
 }
 
+Descriptor open_socket() { return Descriptor(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)); }
+
 Descriptor open_channel(const char *who) {
-    Descriptor channel(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    Descriptor channel = open_socket();
     if (!channel.valid())
         log_error("[ZAV-API] Error %s socket failed", who);
     return channel;
@@ -47,6 +49,16 @@ Status issue(const char *who, const Descriptor &channel, unsigned long number, c
         return success;
     log_error("[ZAV-API] Error %s %s: ioctl failed %s (%d).\n", who, ifname.data(), strerror(errno), errno);
     return failure;
+}
+
+template <class Request>
+Asked ask(unsigned long number, const InterfaceName &ifname, char (&request_name)[IFNAMSIZ],
+          Request *request) {
+    const Descriptor channel = open_socket();
+    if (!channel.valid())
+        return Asked::no_socket;
+    std::memcpy(request_name, ifname.data(), sizeof request_name);
+    return ioctl(channel.get(), number, request) < 0 ? Asked::refused : Asked::answered;
 }
 
 Status change_link(const char *who, int index, const char *state) {
@@ -104,3 +116,17 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
 Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
 
 Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }
+
+Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags) {
+    ifreq request{};
+    const Asked asked = ask(SIOCGIFFLAGS, ifname, request.ifr_name, &request);
+    *ret_flags = static_cast<unsigned short>(request.ifr_flags);
+    return asked;
+}
+
+Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
+    iwreq request{};
+    const Asked asked = ask(SIOCGIWRATE, ifname, request.ifr_ifrn.ifrn_name, &request);
+    *ret_bits_a_second = request.u.bitrate.value;
+    return asked;
+}

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/interfaces.h"
 #include "backend/status.h"
 
 #include <span>
@@ -17,3 +18,8 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply);
 // `ifconfig` up and down of the interface.
 Status ZAV_InterfaceUp(int index);
 Status ZAV_InterfaceDown(int index);
+
+// Standard requests. What came of them is for the caller to report; errno tells why one was refused.
+enum class Asked { answered, no_socket, refused };
+Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
+Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);

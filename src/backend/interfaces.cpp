@@ -11,13 +11,6 @@
 
 namespace {
 
-constexpr int most_bss_in_a_band = 64;
-
-struct Counts {
-    unsigned on_24g, on_5g;
-    unsigned total() const { return on_24g + on_5g; }
-};
-
 // A count is read once and kept until the driver is stopped or loaded for the other band alone.
 unsigned refresh(std::atomic<unsigned> &count, const char *ifname, unsigned loaded_without) {
     if (const unsigned known = count; known != 0)
@@ -27,15 +20,9 @@ unsigned refresh(std::atomic<unsigned> &count, const char *ifname, unsigned load
     if (nvram_get_str(ifname, "BssidNum", text) != success || InterfacesUp == loaded_without ||
         !scan_number(text.data(), &stored))
         return 0;
-    const auto clamped = static_cast<unsigned>(std::clamp(stored, 0, most_bss_in_a_band));
+    const auto clamped = static_cast<unsigned>(std::clamp(stored, 0, int{most_bss_in_a_band}));
     count = clamped;
     return clamped;
-}
-
-Counts refresh_counts() {
-    const unsigned on_5g = refresh(BssidNumZv00, "zv00", 24);
-    const unsigned on_24g = refresh(BssidNumZvi00, "zvi00", 5);
-    return {on_24g, on_5g};
 }
 
 // One BSS: its band and its number there.
@@ -45,7 +32,7 @@ struct Bss {
 };
 
 Status find_bss(int index, Bss *ret_bss) {
-    const Counts counts = refresh_counts();
+    const BssCounts counts = refresh_counts();
     if (index < 1 || static_cast<unsigned>(index) > counts.total())
         return failure;
     const auto position = static_cast<unsigned>(index);
@@ -55,13 +42,19 @@ Status find_bss(int index, Bss *ret_bss) {
 
 } // namespace
 
+BssCounts refresh_counts() {
+    const unsigned on_5g = refresh(BssidNumZv00, "zv00", 24);
+    const unsigned on_24g = refresh(BssidNumZvi00, "zvi00", 5);
+    return {on_24g, on_5g};
+}
+
 Status ZAV_GetNumberOfEntries(unsigned *ret_count) {
     *ret_count = refresh_counts().total();
     return success;
 }
 
 Status ZAV_GetNumberOfEntriesPerInf(unsigned *ret_first, unsigned *ret_last, int index) {
-    const Counts counts = refresh_counts();
+    const BssCounts counts = refresh_counts();
     if (index < 1 || static_cast<unsigned>(index) > counts.total() || ret_first == nullptr)
         return failure;
     const bool is_24g = static_cast<unsigned>(index) <= counts.on_24g;

@@ -14,9 +14,17 @@ using InterfaceName = std::array<char, 16>;
 // Which radios the driver was loaded for: 24, 5, or 245 for both.
 inline std::atomic<unsigned> InterfacesUp{245};
 
-// Cached counts of BSSes, at most 64 each; 0 is not known yet and looked up again at every use.
+// Cached counts of BSSes; 0 is not known yet and looked up again at every use.
 inline std::atomic<unsigned> BssidNumZvi00{0};
 inline std::atomic<unsigned> BssidNumZv00{0};
+constexpr unsigned most_bss_in_a_band = 64;
+
+// Both counts as they are now.
+struct BssCounts {
+    unsigned on_24g, on_5g;
+    unsigned total() const { return on_24g + on_5g; }
+};
+BssCounts refresh_counts();
 
 // Always 0.
 Status ZAV_GetNumberOfEntries(unsigned *ret_count);

@@ -11,11 +11,8 @@
 
 namespace {
 
-// As long as a settings file can make it. On the heap: a worker's stack is small.
-constexpr std::size_t longest_list = 16384;
-
 Status read_list(const char *ifname, const char *key, std::string *ret_list) {
-    ret_list->assign(longest_list, '\0');
+    ret_list->assign(longest_setting, '\0'); // on the heap: a worker's stack is small
     if (nvram_get_str(ifname, key, *ret_list) != success)
         return failure;
     ret_list->resize(std::strlen(ret_list->c_str()));

@@ -4,10 +4,17 @@
 
 // The server procedures, in the order of their numbers.
 
+int wlan_load_1_svc(int flags, wlan_config_return_code_e *result);
+int wlan_init_1_svc(wlan_config_return_code_e *result);
+int wlan_reset_1_svc(wlan_config_return_code_e *result);
 int wlan_get_number_of_entries_1_svc(wlan_config_result_data_t *result);
 int wlan_add_entry_1_svc(wlan_config_result_data_t *result);
 int wlan_del_entry_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_bssid_port_1_svc(const char *bssid, wlan_config_result_data_t *result);
+int wlan_associate_vlan_1_svc(const char *bssid, unsigned short vlan, wlan_config_return_code_e *result);
+int wlan_get_status_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_name_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_bssid_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_max_bitrate_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_max_bitrate_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_ssid_1_svc(int index, wlan_config_result_data_t *result);
@@ -34,3 +41,5 @@ int wlan_get_wmm_apsd_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_wps_model_name_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_wps_config_timeout_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_wps_config_timeout_1_svc(int index, unsigned value, wlan_config_return_code_e *result);
+int wlan_restart_all_1_svc(wlan_config_return_code_e *result);
+int wlan_restart_1_svc(int index, wlan_config_return_code_e *result);

@@ -42,6 +42,7 @@ enum class Result : unsigned char {
     integer,          // one signed 32-bit number
     unsigned_integer, // one unsigned 32-bit number
     text,             // a text with its terminating zero byte
+    port_and_index,   // two unsigned 32-bit numbers
 };
 
 struct Procedure {
@@ -100,10 +101,17 @@ inline constexpr Arguments no_arguments{};
 inline constexpr Arguments interface_index = bare<int>("index");
 
 inline constexpr Procedure protocol[] = {
+    {1, "wlan_load", bare<int>("flags"), Result::code},
+    {2, "wlan_init", no_arguments, Result::code},
+    {3, "wlan_reset", no_arguments, Result::code},
     {4, "wlan_get_number_of_entries", no_arguments, Result::unsigned_integer},
     {5, "wlan_add_entry", no_arguments, Result::none},
     {6, "wlan_del_entry", interface_index, Result::none},
+    {7, "wlan_get_bssid_port", bare<const char *>("bssid"), Result::port_and_index},
+    {8, "wlan_associate_vlan", record<wlan_associate_vlan_1_argument>(), Result::code},
+    {11, "wlan_get_status", interface_index, Result::text},
     {12, "wlan_get_name", interface_index, Result::text},
+    {13, "wlan_get_bssid", interface_index, Result::text},
     {14, "wlan_get_max_bitrate", interface_index, Result::text},
     {15, "wlan_set_max_bitrate", record<wlan_set_max_bitrate_1_argument>(), Result::code},
     {21, "wlan_get_ssid", interface_index, Result::text},
@@ -133,6 +141,8 @@ inline constexpr Procedure protocol[] = {
     {171, "wlan_set_wps_model_name", record<wlan_set_wps_model_name_1_argument>(), Result::code},
     {174, "wlan_get_wps_config_timeout", interface_index, Result::unsigned_integer},
     {175, "wlan_set_wps_config_timeout", record<wlan_set_wps_config_timeout_1_argument>(), Result::code},
+    {206, "wlan_restart_all", no_arguments, Result::code},
+    {207, "wlan_restart", interface_index, Result::code},
 };
 
 // The row of that name, or nullptr.

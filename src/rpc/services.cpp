@@ -11,10 +11,17 @@
 namespace {
 
 constexpr Service services[] = {
+    {1, wlan_load_1_svc},
+    {2, wlan_init_1_svc},
+    {3, wlan_reset_1_svc},
     {4, wlan_get_number_of_entries_1_svc},
     {5, wlan_add_entry_1_svc},
     {6, wlan_del_entry_1_svc},
+    {7, wlan_get_bssid_port_1_svc},
+    {8, wlan_associate_vlan_1_svc},
+    {11, wlan_get_status_1_svc},
     {12, wlan_get_name_1_svc},
+    {13, wlan_get_bssid_1_svc},
     {14, wlan_get_max_bitrate_1_svc},
     {15, wlan_set_max_bitrate_1_svc},
     {21, wlan_get_ssid_1_svc},
@@ -40,6 +47,8 @@ constexpr Service services[] = {
     {171, wlan_set_wps_model_name_1_svc},
     {174, wlan_get_wps_config_timeout_1_svc},
     {175, wlan_set_wps_config_timeout_1_svc},
+    {206, wlan_restart_all_1_svc},
+    {207, wlan_restart_1_svc},
 };
 
 // Whether a server procedure's parameters are what its protocol row says.

@@ -8,6 +8,8 @@
 
 void say_name(const char *who) { log_debug("[ZAV-API] %s  WLAN RPC server :\n", who); }
 
+void say_name_closely(const char *who) { log_debug("[ZAV-API] %s WLAN RPC server :\n", who); }
+
 void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> values) {
     const std::size_t bytes = values.size_bytes();
     auto &[length, numbers] = result->return_u_int;

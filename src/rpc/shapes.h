@@ -18,6 +18,7 @@ void say(const char *who, const Line<Values...> &line, std::type_identity_t<Valu
 
 // The entry line of procedures that name none of their arguments.
 void say_name(const char *who);
+void say_name_closely(const char *who); // with one blank behind the name
 
 // The values first, zeros behind them: as many elements as the values have bytes. The array is allocated and
 // released with the result.

@@ -57,7 +57,9 @@ void compare(const Procedure &row, const std::string &words, const nlohmann::jso
             answer.contains("value_hex") ? from_hex(answer["value_hex"]) : answer["value"].get<std::string>();
         EXPECT_EQ(from_hex(hex), value + '\0');
     } else {
-        EXPECT_EQ(std::stoll(rest.substr(rest.find(" numbers ") + 9)), answer["value"].get<long long>());
+        const nlohmann::json &value = answer["value"];
+        const auto number = (value.is_array() ? value.at(0) : value).get<long long>();
+        EXPECT_EQ(std::stoll(rest.substr(rest.find(" numbers ") + 9)), number);
     }
 }
 

@@ -1,0 +1,105 @@
+#include "api/lifecycle.h"
+
+#include "api/worker.h"
+#include "api/wrapper.h"
+#include "backend/lifecycle.h"
+
+#include <atomic>
+#include <mutex>
+
+namespace {
+
+constexpr unsigned char idle = 0, started = 1, finished = 2;
+
+pthread_t init_thread;
+std::atomic<unsigned char> init_state{idle}; // bits
+std::atomic<unsigned> init_reported{0};      // a final answer has been handed out
+std::atomic<int> init_result{success};       // stored before the finished bit is set
+
+// Guards the end of an init against a reset: a thread that a reset has overtaken changes nothing any more.
+std::mutex init_end_mutex;
+std::atomic<unsigned> init_generation{0};
+
+Status last_init_result() { return static_cast<Status>(init_result.load()); }
+
+void publish_result(unsigned generation, Status result) {
+    const std::lock_guard held(init_end_mutex);
+    if (generation != init_generation)
+        return;
+    init_result = result;
+    init_state.fetch_or(finished, std::memory_order_release);
+}
+
+void *init_thread_function(void *) {
+    constexpr char who[] = "init_thread_function";
+    log_debug("[ZAV-API] %s wlan init - init thread started.\n", who);
+    const unsigned generation = init_generation;
+    init_state.fetch_or(started);
+    init_state.notify_all();
+    Status result = ZAV_Init();
+    if (result == failure)
+        log_error("[ZAV-API] Error %s failed !!!\n", who);
+    else
+        log_debug("[ZAV-API] %s wlan init - traffic is now passing.\n", who);
+    publish_result(generation, result == failure ? failure : success);
+    return nullptr;
+}
+
+Status start_init(const char *who) {
+    if (!start_worker(who, &init_thread, init_thread_function)) {
+        init_reported = 1;
+        log_debug("[ZAV-API] %s wlan init - error creating init thread.\n", who);
+        return failure;
+    }
+    init_state.wait(idle); // so that the next call finds it running
+    return in_progress;
+}
+
+} // namespace
+
+Status wlan_load(int flags) {
+    log_debug("[ZAV-API] %s entry.\n", __func__);
+    const Status result = ZAV_Start(flags);
+    if (result == failure)
+        log_error("[ZAV-API] Error %s failed !!!\n", __func__);
+    else
+        log_debug("[ZAV-API] %s wlan loaded.\n", __func__);
+    return result;
+}
+
+Status wlan_init() {
+    if (init_reported != 0) {
+        log_debug("[ZAV-API] %s wlan init - you cannot run init twice.\n", __func__);
+        return last_init_result();
+    }
+    const unsigned char state = init_state.load(std::memory_order_acquire);
+    switch (state) {
+    case started:
+        log_debug("[ZAV-API] %s wlan init - still processing, wait.\n", __func__);
+        return in_progress;
+    case started | finished:
+        log_debug("[ZAV-API] %s wlan init - finished processing, ret val:%i\n", __func__, init_result.load());
+        init_reported = 1;
+        return last_init_result();
+    case idle:
+        return start_init(__func__);
+    default:
+        init_reported = 1;
+        log_debug("[ZAV-API] %s wlan init - unknown state-machine state: %d.\n", __func__, state);
+        return failure;
+    }
+}
+
+Status wlan_reset() {
+    log_debug("[ZAV-API] %s entry.\n", __func__);
+    if (ZAV_Stop() == failure) {
+        log_error("[ZAV-API] Error %s failed !!!\n", __func__);
+        return failure;
+    }
+    log_debug("[ZAV-API] %s wlan stopped.\n", __func__);
+    const std::lock_guard held(init_end_mutex);
+    ++init_generation;
+    init_reported = 0;
+    init_state = idle;
+    return success;
+}

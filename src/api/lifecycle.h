@@ -1,0 +1,13 @@
+#pragma once
+
+#include "backend/status.h"
+
+// Loads the driver for the radios of the selector: 24, 5, or 245 for both. 0 or -1.
+Status wlan_load(int flags);
+
+// Starts the driver's initialisation and answers 3 until it has ended; then, at every call, its result, 0 or
+// -1. -1 also where the thread could not be started.
+Status wlan_init();
+
+// Stops the driver; after success wlan_init starts anew.
+Status wlan_reset();

@@ -1,0 +1,33 @@
+#include "api/worker.h"
+
+#include "backend/log.h"
+
+#include <cstring>
+
+#ifdef __has_feature
+#if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
+#define SANITIZED_FRAMES
+#endif
+#endif
+
+namespace {
+
+#if defined(SANITIZED_FRAMES) || defined(__SANITIZE_ADDRESS__) || defined(__SANITIZE_THREAD__)
+constexpr std::size_t stack_size = 1 << 20; // a sanitizer's frames do not fit the real one
+#else
+constexpr std::size_t stack_size = 32768;
+#endif
+
+} // namespace
+
+bool start_worker(const char *who, pthread_t *ret_thread, void *(*body)(void *), void *argument) {
+    pthread_attr_t attributes;
+    pthread_attr_init(&attributes);
+    pthread_attr_setstacksize(&attributes, stack_size);
+    pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
+    const int error = pthread_create(ret_thread, &attributes, body, argument);
+    pthread_attr_destroy(&attributes);
+    if (error != 0)
+        log_error("[ZAV-API] Error %s thread creation failed %s (%d).\n", who, strerror(error), error);
+    return error == 0;
+}

@@ -146,9 +146,14 @@ int call(Context &context, const std::string &prefix, const std::string &name,
     if (Error error = take_arguments(context.connection, *procedure, given, arguments))
         return print_error(context.output, error);
     Answer answer;
-    if (Error error = call(context.connection, *procedure, arguments, answer)) {
-        error.message = fmt::format("{}: {}", procedure->name, error.message);
+    if (Error error = ask(context.connection, *procedure, arguments, answer))
         return print_error(context.output, error);
-    }
     return print_answer(context.output, *procedure, answer);
+}
+
+Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer) {
+    Error error = call(connection, procedure, arguments, ret_answer);
+    if (error)
+        error.message = fmt::format("{}: {}", procedure.name, error.message);
+    return error;
 }

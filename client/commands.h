@@ -20,3 +20,13 @@ int describe(const Context &context, const std::string &name);
 // Calls the procedure `prefix` + `name`, or `name` alone where that is the whole name.
 int call(Context &context, const std::string &prefix, const std::string &name,
          const std::vector<std::string> &given);
+
+// Loads the driver for "dual", "24" or "5", starts its initialisation and waits for the end. After Ctrl-C it
+// says that the action goes on, and returns 130.
+int up(Context &context, const std::string &name);
+// One radio, by the index or the name of any of its interfaces, or "all".
+int restart(Context &context, const std::string &index);
+int down(Context &context);
+
+// Calls the procedure; an error names it.
+Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);

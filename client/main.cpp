@@ -54,6 +54,10 @@ void add_commands(CommandLine &line) {
     add("call", "Call a procedure", "NAME", "with or without wlan_")->required();
     add("get", "Read a setting: calls wlan_get_NAME", "NAME", "of the setting")->required();
     add("set", "Change a setting: calls wlan_set_NAME", "NAME", "of the setting")->required();
+    add("up", "Load and initialise the driver and wait for it", "RADIOS", "dual (the default), 24 or 5");
+    add("restart", "Restart the interfaces of a radio", "INDEX", "of any of its interfaces, or all")
+        ->required();
+    line.app.add_subcommand("down", "Stop the driver")->fallthrough();
 }
 
 void set_up(CommandLine &line) {
@@ -98,6 +102,12 @@ int run(CommandLine &line, const std::vector<std::string> &given) {
     if (!given.empty())
         return print_error(line.context.output,
                            {Trouble::usage, fmt::format("'{}' is too much", given.front())});
+    if (command == "up")
+        return up(line.context, line.name.empty() ? "dual" : line.name);
+    if (command == "restart")
+        return restart(line.context, line.name);
+    if (command == "down")
+        return down(line.context);
     return command == "list" ? list(line.context, line.name) : describe(line.context, line.name);
 }
 

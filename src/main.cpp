@@ -2,10 +2,13 @@
 #include "rpc/service.h"
 #include "rpc/transport.h"
 
+#include <csignal>
 #include <cstdio>
+#include <fcntl.h>
 #include <netinet/in.h>
 #include <rpc/pmap_clnt.h>
 #include <string_view>
+#include <unistd.h>
 
 namespace {
 
@@ -25,6 +28,23 @@ int give_up(const char *reason) {
     return 1;
 }
 
+// Started with closed descriptors, a socket or a settings file would become standard output.
+void open_standard_descriptors() {
+    int fd = open("/dev/null", O_RDWR);
+    while (fd >= 0 && fd <= STDERR_FILENO)
+        fd = open("/dev/null", O_RDWR);
+    if (fd > STDERR_FILENO)
+        close(fd);
+}
+
+// A reader of the log that goes away, or a limit on file sizes, ends a line or a change, not the daemon. What
+// the parent ignored is not inherited: the ends of commands must be seen.
+void set_signals() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    std::signal(SIGCHLD, SIG_DFL);
+}
+
 } // namespace
 
 int main(int argc, char **argv) {
@@ -34,6 +54,8 @@ int main(int argc, char **argv) {
         std::fputs(first == "--help" ? usage : "wlan-configd " WLAN_CONFIGD_VERSION "\n", stdout);
         return 0;
     }
+    open_standard_descriptors();
+    set_signals();
     std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
     const char *address = argc > 1 ? argv[1] : nullptr;

@@ -28,10 +28,11 @@ Status format_rates(const char *answer, std::span<char> ret_rates) {
         return failure;
     const char *next = bar[1] == '\0' ? bar + 1 : bar + 2; // one blank stands behind the bar
     std::size_t length = 0;
+    const char *end = nullptr;
     int rate = 0; // in units of 500 kbit/s
-    while (*next != '\0' && scan_number(next, &rate)) {
+    while (*next != '\0' && scan_number(next, &rate, &end)) {
         // A number counts only with a blank behind it: the last one of an unfinished line is not meant.
-        const char *blank = std::strchr(next, ' ');
+        const char *blank = std::strchr(end, ' ');
         if (blank == nullptr)
             break;
         next = blank + 1;

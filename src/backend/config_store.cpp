@@ -48,21 +48,31 @@ Descriptor open_settings(const char *ifname) {
     const char *path = nullptr;
     if (getNvramPath(ifname, &path) != success)
         return Descriptor(-1);
-    return Descriptor(open(path, O_RDWR | O_CLOEXEC));
+    return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK));
 }
 
 std::optional<std::string_view> read_settings(const Descriptor &file) {
     if (!file.valid())
         return std::nullopt;
-    const ssize_t length = read(file.get(), stored_text.data(), stored_text.size());
-    if (length < 0)
-        return std::nullopt;
-    return std::string_view(stored_text.data(), static_cast<std::size_t>(length));
+    std::size_t length = 0;
+    for (;;) {
+        const ssize_t more = read(file.get(), stored_text.data() + length, stored_text.size() - length);
+        if (more < 0)
+            return std::nullopt;
+        length += static_cast<std::size_t>(more);
+        // A text that ends inside a line may have been read short: what is not read would be lost in a set.
+        if (more == 0 || length == stored_text.size() || stored_text.at(length - 1) == '\n')
+            return std::string_view(stored_text.data(), length);
+    }
+}
+
+bool is_key(std::string_view key) {
+    return !key.empty() && key.size() <= longest_key && key.find_first_of("=\n") == key.npos;
 }
 
 // Where the key's value stands. Only a whole key at the start of a line matches, and never the first line.
 std::optional<Place> find_value(std::string_view text, std::string_view key) {
-    if (key.size() > longest_key)
+    if (!is_key(key))
         return std::nullopt;
     std::array<char, longest_key + 2> pattern;
     pattern[0] = '\n';
@@ -74,11 +84,6 @@ std::optional<Place> find_value(std::string_view text, std::string_view key) {
     const auto begin =
         static_cast<std::size_t>(static_cast<const char *>(line) - text.data()) + key.size() + 2;
     return Place{begin, std::min(text.find('\n', begin), text.size())};
-}
-
-bool format_can_hold(std::string_view key, std::string_view value) {
-    return !key.empty() && key.size() <= longest_key && key.find_first_of("=\n") == key.npos &&
-           value.find('\n') == value.npos;
 }
 
 // Puts the pieces one after the other into the second buffer; nothing when they reach the limit of a file.
@@ -97,7 +102,8 @@ std::optional<std::string_view> with_value(std::string_view text, std::optional<
                                            std::string_view key, std::string_view value) {
     if (place)
         return join({text.substr(0, place->begin), value, text.substr(place->end)});
-    const bool open_line = !text.empty() && text.back() != '\n';
+    // In an empty file the key would stand in the header line, where it is never found.
+    const bool open_line = text.empty() || text.back() != '\n';
     return join({text, open_line ? "\n" : "", key, "=", value, "\n"});
 }
 
@@ -106,10 +112,11 @@ Status store_value(const char *who, Descriptor file, std::string_view key, std::
     if (!text)
         return failure;
     const auto place = find_value(*text, key);
-    if (place && text->substr(place->begin, place->end - place->begin) == value)
+    const bool is_whole = text->size() < file_limit;
+    if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value)
         return unchanged;
     const auto changed = with_value(*text, place, key, value);
-    if (text->size() == file_limit || !changed) {
+    if (!is_whole || !changed) {
         log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, file_limit - 1);
         return failure;
     }
@@ -141,6 +148,7 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
 }
 
 Status nvram_set_str(const char *ifname, const char *key, const char *value) {
+    const std::lock_guard held(store_mutex);
     errno = 0;
     if (access(lock_file, F_OK) == 0) {
         log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", __func__,
@@ -148,11 +156,10 @@ Status nvram_set_str(const char *ifname, const char *key, const char *value) {
         return failure;
     }
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s\n", __func__, ifname, key, value);
-    if (!format_can_hold(key, value)) {
+    if (!is_key(key) || std::strchr(value, '\n') != nullptr) {
         log_error("[ZAV-API] Error %s key or value does not fit the settings file\n", __func__);
         return failure;
     }
-    const std::lock_guard held(store_mutex);
     return store_value(__func__, open_settings(ifname), key, value);
 }
 

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <cstdlib>
 
 namespace {
 
@@ -16,11 +17,10 @@ unsigned refresh(std::atomic<unsigned> &count, const char *ifname, unsigned load
     if (const unsigned known = count; known != 0)
         return known;
     std::array<char, 16> text{};
-    int stored = 0;
-    if (nvram_get_str(ifname, "BssidNum", text) != success || InterfacesUp == loaded_without ||
-        !scan_number(text.data(), &stored))
+    if (nvram_get_str(ifname, "BssidNum", text) != success || InterfacesUp == loaded_without)
         return 0;
-    const auto clamped = static_cast<unsigned>(std::clamp(stored, 0, int{most_bss_in_a_band}));
+    const long long stored = std::strtoll(text.data(), nullptr, 10);
+    const auto clamped = static_cast<unsigned>(std::clamp<long long>(stored, 0, most_bss_in_a_band));
     count = clamped;
     return clamped;
 }

@@ -78,11 +78,11 @@ Status ZAV_Start(int band) {
     const BandCommands *commands = find_band(static_cast<unsigned>(band));
     if (commands == nullptr)
         return failure;
+    InterfacesUp = commands->band; // before the counts: a look-up meanwhile leaves the other band out
     if (band == 24)
         BssidNumZv00 = 0;
     if (band == 5)
         BssidNumZvi00 = 0;
-    InterfacesUp = commands->band;
     if (run_command(__func__, commands->load) != success)
         return failure;
     driver_loaded = true;

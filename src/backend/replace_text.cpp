@@ -26,7 +26,12 @@ bool cut(int fd, std::size_t length) { return ftruncate(fd, static_cast<off_t>(l
 // the new tail itself is written there.
 bool reserve(int fd, std::size_t old_length, std::string_view to) {
     const std::size_t added = to.size() - old_length;
-    if (fallocate(fd, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(old_length), static_cast<off_t>(added)) == 0)
+    int refused = 0;
+    do
+        refused =
+            fallocate(fd, FALLOC_FL_KEEP_SIZE, static_cast<off_t>(old_length), static_cast<off_t>(added));
+    while (refused != 0 && errno == EINTR);
+    if (refused == 0)
         return true;
     if (errno != EOPNOTSUPP && errno != ENOSYS)
         return false;
@@ -36,8 +41,8 @@ bool reserve(int fd, std::size_t old_length, std::string_view to) {
 // The error that made it necessary is what the caller reports.
 void put_back(int fd, std::string_view from, std::size_t first) {
     const int error = errno;
-    if (write_all(fd, from.substr(first), first))
-        (void)cut(fd, from.size());
+    (void)write_all(fd, from.substr(first), first);
+    (void)cut(fd, from.size());
     errno = error;
 }
 
@@ -57,9 +62,12 @@ std::size_t common_beginning(std::string_view a, std::string_view b) {
 
 bool replace_text(int fd, std::string_view from, std::string_view to) {
     const std::size_t first = common_beginning(from, to);
-    const bool done = (to.size() <= from.size() || reserve(fd, from.size(), to)) &&
-                      write_all(fd, to.substr(first), first) &&
-                      (to.size() >= from.size() || cut(fd, to.size()));
+    if (to.size() > from.size() && !reserve(fd, from.size(), to)) {
+        put_back(fd, from, from.size()); // the old text is as it was
+        return false;
+    }
+    const bool done =
+        write_all(fd, to.substr(first), first) && (to.size() >= from.size() || cut(fd, to.size()));
     if (!done)
         put_back(fd, from, first);
     return done;

@@ -78,9 +78,18 @@ Status read_command(const char *command, const std::function<void(std::string_vi
     (void)writing.close();
     if (child < 0)
         return failure;
-    const std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.release(), "r"), std::fclose);
-    std::array<char, 256> line;
-    while (output && std::fgets(line.data(), static_cast<int>(line.size()), output.get()) != nullptr)
-        take_line(std::string_view(line.data(), std::strcspn(line.data(), "\n")));
+    const std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.get(), "r"), std::fclose);
+    if (output)
+        (void)reading.release(); // the stream closes it
+    else
+        (void)reading.close(); // so that the command does not wait for a reader
+    std::array<char, 256> piece;
+    bool begins = true;
+    while (output && std::fgets(piece.data(), static_cast<int>(piece.size()), output.get()) != nullptr) {
+        const std::size_t length = std::strcspn(piece.data(), "\n");
+        if (begins)
+            take_line(std::string_view(piece.data(), length));
+        begins = piece.at(length) == '\n';
+    }
     return wait_for(child) == -1 ? failure : success;
 }

@@ -12,6 +12,6 @@
 // not be started or, with an error line that names `who`, on any other exit status.
 Status run_command(const char *who, const char *command);
 
-// Runs `command` and hands over its output, a line at a time without the line feed; a line longer than 255
-// bytes comes in pieces. -1 only when the shell could not be started: the exit status is not looked at.
+// Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
+// only when the shell could not be started: the exit status is not looked at.
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);

@@ -55,7 +55,7 @@ bool item(XDR *x, char &value) { return xdr_char(x, &value); }
 bool item(XDR *x, unsigned char &value) { return xdr_u_char(x, &value); }
 
 bool item(XDR *x, bool &value) {
-    bool_t wire = value ? TRUE : FALSE;
+    bool_t wire = x->x_op == XDR_ENCODE && value ? TRUE : FALSE;
     if (!xdr_bool(x, &wire))
         return false;
     value = wire != FALSE;
@@ -63,7 +63,7 @@ bool item(XDR *x, bool &value) {
 }
 
 bool item(XDR *x, std::uint64_t &value) {
-    u_quad_t wire = value;
+    u_quad_t wire = x->x_op == XDR_ENCODE ? value : 0;
     if (!xdr_u_quad_t(x, &wire))
         return false;
     value = wire;
@@ -71,7 +71,7 @@ bool item(XDR *x, std::uint64_t &value) {
 }
 
 bool item(XDR *x, wlan_config_return_code_e &value) {
-    enum_t wire = value;
+    enum_t wire = x->x_op == XDR_ENCODE ? value : 0;
     if (!xdr_enum(x, &wire))
         return false;
     value = static_cast<wlan_config_return_code_e>(wire);

@@ -1,4 +1,4 @@
-// Runs a fuzz target over every file of the directories given, so that any compiler replays its corpus.
+// Runs a fuzz target over every file of the directory given, so that any compiler replays its corpus.
 
 #include <cstdint>
 #include <filesystem>
@@ -10,11 +10,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
 
 int main(int, char **argv) {
     int status = 1; // nothing replayed is a failure
-    while (*++argv != nullptr)
-        for (const auto &entry : std::filesystem::directory_iterator(*argv)) {
-            std::ifstream file(entry.path(), std::ios::binary);
-            const std::string text{std::istreambuf_iterator<char>(file), {}};
-            status = LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(text.data()), text.size());
-        }
+    for (const auto &entry : std::filesystem::directory_iterator(argv[1])) {
+        std::ifstream file(entry.path(), std::ios::binary);
+        const std::string text{std::istreambuf_iterator<char>(file), {}};
+        status = LLVMFuzzerTestOneInput(reinterpret_cast<const std::uint8_t *>(text.data()), text.size());
+    }
     return status;
 }

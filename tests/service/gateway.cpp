@@ -125,6 +125,8 @@ unsigned find_port(pid_t process) {
 Gateway::Gateway(const std::vector<std::string> &arguments)
     : daemon_(daemon_command(arguments), gateway_environment(), path("out"), path("err")),
       port_(find_port(daemon_.id())), socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+    const int room = 4 << 20; // for the replies to a burst
+    setsockopt(socket_, SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof room);
     sockaddr_in address{};
     address.sin_family = AF_INET;
     address.sin_port = htons(static_cast<std::uint16_t>(port_));

@@ -4,6 +4,7 @@
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
+#include <thread>
 
 namespace {
 
@@ -78,6 +79,8 @@ void read_expectation(const std::string &keyword, std::istream &line, GoldenCall
         call.reply = read_data(line);
     else if (keyword == "none")
         call.reply = std::nullopt;
+    else if (keyword == "wait" && line >> code)
+        call.wait = std::chrono::milliseconds(code);
     else if (keyword == "out")
         call.out.push_back(rest_of(line));
     else if (keyword == "err")
@@ -133,6 +136,37 @@ void prepare(const GoldenCase &golden) {
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
         throw std::runtime_error("sim/setup failed");
     std::filesystem::remove("/tmp/nvram_set_lock");
+    write_file("/tmp/ZAV750vlan.dat", read_file(SOURCE_DIR "/sim/factory/ZAV750vlan.dat"));
     for (const auto &[file, content] : golden.given)
         write_file(std::string(Gateway::directory) + "/" + file, content);
+}
+
+std::vector<std::string> lines_of(const std::string &text) {
+    std::vector<std::string> lines;
+    std::istringstream stream(text);
+    for (std::string line; std::getline(stream, line);)
+        lines.push_back(line);
+    return lines;
+}
+
+News::News(const Gateway &gateway)
+    : tails_{{gateway.path("out"), 0, out}, {gateway.path("err"), 0, err}, {gateway.path("log"), 0, log}} {
+    for (Tail &tail : tails_)
+        tail.seen = read_file(tail.path).size();
+}
+
+void News::look() {
+    for (Tail &tail : tails_)
+        tail.lines = lines_of(read_file(tail.path).substr(tail.seen));
+}
+
+void News::await(const GoldenCall &call) {
+    constexpr std::chrono::milliseconds step(10);
+    const std::size_t expected = call.out.size() + call.err.size() + call.commands.size();
+    look();
+    for (auto left = call.wait; left > step && out.size() + err.size() + log.size() < expected;
+         left -= step) {
+        std::this_thread::sleep_for(step);
+        look();
+    }
 }

@@ -7,9 +7,10 @@
 struct GoldenCall {
     unsigned number = 0;
     std::string name;
-    std::string arguments;            // XDR
-    std::vector<std::string> words;   // the same arguments as a command line has them
-    std::optional<std::string> reply; // XDR; none where no reply comes
+    std::string arguments;             // XDR
+    std::vector<std::string> words;    // the same arguments as a command line has them
+    std::optional<std::string> reply;  // XDR; none where no reply comes
+    std::chrono::milliseconds wait{0}; // for a worker's lines, at the most
     std::vector<std::string> out, err, settings, commands;
 };
 
@@ -23,3 +24,23 @@ std::vector<GoldenCase> read_golden(const std::string &path);
 
 // Settings files, faults and logs as a fresh gateway has them, then what the case gives.
 void prepare(const GoldenCase &golden);
+
+// What the daemon printed and the platform logged from now on.
+class News {
+public:
+    explicit News(const Gateway &gateway);
+    // Waits for as many lines as the call is to bring, as long as it may take.
+    void await(const GoldenCall &call);
+    std::vector<std::string> out, err, log;
+
+private:
+    struct Tail {
+        std::string path;
+        std::size_t seen;
+        std::vector<std::string> &lines;
+    };
+    void look();
+    std::vector<Tail> tails_;
+};
+
+std::vector<std::string> lines_of(const std::string &text);

@@ -4,41 +4,19 @@
 
 #include <gtest/gtest.h>
 #include <set>
-#include <sstream>
+#include <utility>
 
 namespace {
 
 using Lines = std::vector<std::string>;
 
-Lines lines_of(const std::string &text) {
-    Lines lines;
-    std::istringstream stream(text);
-    for (std::string line; std::getline(stream, line);)
-        lines.push_back(line);
-    return lines;
-}
-
-// A file that grows: its new lines since the last look.
-class Tail {
-public:
-    explicit Tail(std::string path) : path_(std::move(path)) { (void)news(); }
-    Lines news() {
-        const std::string text = read_file(path_);
-        const std::string fresh = text.size() < seen_ ? text : text.substr(seen_);
-        seen_ = text.size();
-        return lines_of(fresh);
-    }
-
-private:
-    std::string path_;
-    std::size_t seen_ = 0;
-};
-
-// Every line of both settings files, named after its band.
+// Every line of the settings files, named after its band.
 Lines all_settings(const Gateway &gateway) {
     Lines all;
-    for (const auto &[band, file] : {std::pair{"24g ", "ZAV75024g.dat"}, {"5g ", "ZAV750.dat"}})
-        for (const std::string &line : lines_of(read_file(gateway.path(std::string("settings/") + file))))
+    for (const auto &[band, file] : {std::pair{"24g ", "settings/ZAV75024g.dat"},
+                                     {"5g ", "settings/ZAV750.dat"},
+                                     {"vlan ", "../ZAV750vlan.dat"}})
+        for (const std::string &line : lines_of(read_file(gateway.path(file))))
             all.push_back(band + line);
     return all;
 }
@@ -85,16 +63,17 @@ protected:
 
 void play(Gateway &gateway, const GoldenCall &call) {
     SCOPED_TRACE("call " + call.name);
-    Tail out(gateway.path("out")), err(gateway.path("err")), log(gateway.path("log"));
+    News news(gateway);
     const Lines before = all_settings(gateway);
     std::uint32_t status = 0;
     const auto reply = gateway.call(call.number, call.arguments, &status, call.reply ? 5000 : 300);
     EXPECT_EQ(status, 0U);
     EXPECT_EQ(hex(reply), hex(call.reply));
-    EXPECT_EQ(out.news(), call.out);
-    EXPECT_EQ(err.news(), call.err);
+    news.await(call);
+    EXPECT_EQ(news.out, call.out);
+    EXPECT_EQ(news.err, call.err);
     EXPECT_EQ(changes(before, all_settings(gateway)), call.settings);
-    EXPECT_EQ(log.news(), call.commands);
+    EXPECT_EQ(news.log, call.commands);
 }
 
 TEST_P(Golden, Answers) {

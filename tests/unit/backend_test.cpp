@@ -1,4 +1,4 @@
-// Runs in the simulated gateway /tmp/gateway with its driver preloaded.
+// Runs in the directory of a simulated gateway, with its driver preloaded.
 
 #include "api/rates.h"
 #include "backend/config_store.h"
@@ -9,19 +9,14 @@
 
 #include <climits>
 #include <csignal>
-#include <filesystem>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <unistd.h>
 
-namespace {
-
-void write_file(const std::string &name, const std::string &text) {
-    std::ofstream("/tmp/gateway/" + name, std::ios::binary) << text;
-}
+static void write_file(const char *name, const std::string &text) { std::ofstream(name) << text; }
 
 // The daemon as it starts, with files that name so many BSSes.
-void start_with(const std::string &number_24g, const std::string &number_5g, unsigned loaded = 245) {
+static void start_with(const std::string &number_24g, const std::string &number_5g, unsigned loaded = 245) {
     write_file("settings/ZAV75024g.dat", "#\nBssidNum=" + number_24g + "\n");
     write_file("settings/ZAV750.dat", "#\nBssidNum=" + number_5g + "\n");
     BssidNumZvi00 = BssidNumZv00 = 0;
@@ -30,7 +25,7 @@ void start_with(const std::string &number_24g, const std::string &number_5g, uns
 }
 
 // All that an index stands for; "" and 99 are untouched.
-std::tuple<Status, std::string, std::string, unsigned, unsigned, unsigned> meaning(int index) {
+static std::tuple<Status, std::string, std::string, unsigned, unsigned, unsigned> meaning(int index) {
     InterfaceName name{}, air_time{};
     unsigned bss = 99, first = 99, last = 99;
     const Status status = GET_IFNAME_FROM_INDEX(&name, index, &bss);
@@ -41,7 +36,6 @@ std::tuple<Status, std::string, std::string, unsigned, unsigned, unsigned> meani
 
 TEST(Interfaces, HaveOneMeaningForEachIndex) {
     start_with("4", "4");
-    EXPECT_EQ(meaning(1), std::tuple(success, "zvi00", "atm24g", 1, 1, 4));
     EXPECT_EQ(meaning(4), std::tuple(success, "zvi03", "atm24g", 4, 1, 4));
     EXPECT_EQ(meaning(5), std::tuple(success, "zv00", "atm5g", 1, 5, 8));
     EXPECT_EQ(meaning(8), std::tuple(success, "zv03", "atm5g", 4, 5, 8));
@@ -51,9 +45,8 @@ TEST(Interfaces, HaveOneMeaningForEachIndex) {
         EXPECT_EQ(ZAV_nvram_set_uint32_helper(index, "BssidNum", 1), failure) << index;
     }
     unsigned first = 99;
-    EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5), failure);
     EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(nullptr, &first, 5), failure);
-    EXPECT_EQ(first, 5);
+    EXPECT_TRUE(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5) == failure && first == 5);
     InterfaceName name{};
     EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), failure) << "the driver is not initialised";
     driver_initialised = true;
@@ -79,45 +72,40 @@ TEST(Interfaces, TakeTheirCountsFromTheFilesOnce) {
 TEST(Interfaces, AreProbedInBothFormsOfIfconfig) {
     const auto running = [](const std::string &output) {
         write_file("faults/tool.ifconfig.answer", output);
-        return std::tuple(GET_RUNNING_INTERFACES(), isInterfacesRunningOnBand(1),
-                          isInterfacesRunningOnBand(5));
+        return std::pair(GET_RUNNING_INTERFACES(), isInterfacesRunningOnBand(5));
     };
     start_with("4", "4");
-    EXPECT_EQ(running("eth0      Link encap:Ethernet\n          zv0 zvi0\n"), std::tuple(0, 0, 0));
-    EXPECT_EQ(running("lo: flags=73<UP>\nzv01: flags=4163<UP>  mtu 1500\n"), std::tuple(5, 0, 1));
-    EXPECT_EQ(running("zvi00     Link encap:Ethernet  HWaddr 00:00:5E:00:53:20\n"), std::tuple(24, 1, 0));
-    EXPECT_EQ(running("zvi00: flags=2<>\nzv00: flags=2<>\n"), std::tuple(245, 1, 1));
+    EXPECT_EQ(running("eth0      Link encap:Ethernet\n          zv0 zvi0\n"), std::pair(0, 0));
+    EXPECT_EQ(running("zv01: flags=4163<UP>  mtu 1500\n"), std::pair(5, 1));
+    EXPECT_EQ(running("zvi00     Link encap:Ethernet  HWaddr 00:00:5E:00:53:20\n"), std::pair(24, 0));
+    EXPECT_EQ(running("zvi00: flags=2<>\nzv00: flags=2<>\n"), std::pair(245, 1));
     write_file("faults/tool.ifconfig.fail", "127");
-    EXPECT_EQ(running("zv00\n"), std::tuple(0, 0, 0)) << "as if there were no ifconfig";
-    std::filesystem::remove_all("/tmp/gateway/faults");
-    std::filesystem::create_directory("/tmp/gateway/faults");
+    EXPECT_EQ(running("zv00\n"), std::pair(0, 0)) << "as if there were no ifconfig";
+    std::remove("faults/tool.ifconfig.fail");
 }
 
 TEST(Rates, AreHalvedAndCutAtAWholeRate) {
-    const auto rates = [](const char *answer, std::size_t room = 32) {
+    const auto rates = [](const char *answer, std::size_t room = 32) -> std::string {
         std::string text(32, '~');
-        return format_rates(answer, std::span(text).first(room)) == success ? text.c_str()
-                                                                            : std::string("failure");
+        return format_rates(answer, std::span(text).first(room)) == success ? text.c_str() : "failure";
     };
     EXPECT_EQ(rates("BasicRate | 1 2 \nMaxDesireRate | 2 4 11 22 "), "1,2,5.5,11");
     EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22"), "1,2,5.5");
     EXPECT_EQ(rates("MaxDesireRate | 99999999999999999999 -3 none 4 "), "0.5,-1.5");
-    EXPECT_EQ(rates("MaxDesireRate |"), "");
+    EXPECT_EQ(rates("MaxDesireRate |\0 8 "), "") << "read on behind the end";
     EXPECT_EQ(rates("BasicRate | 2 4 MaxDesireRate "), "failure");
-    EXPECT_EQ(rates("BasicRate | 2 4 "), "failure");
     EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22 ", 8), "1,2,5.5");
     EXPECT_EQ(rates("MaxDesireRate | 2 4 11 22 ", 7), "1,2");
 }
 
 TEST(Shell, PassesNoDescriptorAndNoSignalMaskOn) {
-    const int inherited = dup2(0, 77);
+    const int inherited = dup(0);
     sigset_t all, before;
     sigfillset(&all);
     sigprocmask(SIG_BLOCK, &all, &before);
-    EXPECT_EQ(run_command("who", "test ! -e /proc/$$/fd/77"), success);
+    EXPECT_EQ(run_command("who", ("test ! -e /proc/$$/fd/" + std::to_string(inherited)).c_str()), success);
     EXPECT_EQ(run_command("who", "kill -TERM $$; exit 1"), success) << "an end by a signal is no failure";
     sigprocmask(SIG_SETMASK, &before, nullptr);
-    close(inherited);
 }
 
 TEST(Driver, GetsCommandsOnceItIsInitialised) {
@@ -130,16 +118,15 @@ TEST(Driver, GetsCommandsOnceItIsInitialised) {
     EXPECT_EQ(ZAV_Set(1, "TxPower=50"), success);
     EXPECT_EQ(ZAV_InterfaceUp(1), success);
     testing::internal::CaptureStderr();
-    EXPECT_EQ(ZAV_Set(0, "TxPower=60"), failure);
-    EXPECT_EQ(ZAV_Set(1, "A=1"), failure);
+    EXPECT_TRUE(ZAV_Set(0, "TxPower=60") == failure && ZAV_Set(1, "A=1") == failure);
     EXPECT_EQ(run_command("who", "exit 1"), failure);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_Set invalid interface index: 0\n"
               "[ZAV-API] Error ZAV_Set zvi00: ioctl failed Input/output error (5).\n"
               "[ZAV-API] Error who command failed (rc=256,WEXITSTATUS=1).\n");
-    std::ifstream log("/tmp/gateway/log");
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(log), {}),
-              "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
+    std::string log;
+    std::getline(std::ifstream("log"), log, '\0');
+    EXPECT_EQ(log, "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
 }
 
 TEST(Driver, AnswersWithATerminatedTextThatFits) {
@@ -159,5 +146,3 @@ TEST(Driver, AnswersWithATerminatedTextThatFits) {
     EXPECT_EQ(show("36", 9), "") << "no such interface";
     EXPECT_EQ(show("36", 0), "") << "no such index";
 }
-
-} // namespace

@@ -4,9 +4,7 @@
 
 #include <gtest/gtest.h>
 
-namespace {
-
-std::string words(std::initializer_list<unsigned> values) {
+static std::string words(std::initializer_list<unsigned> values) {
     std::string bytes;
     for (const unsigned value : values)
         for (const unsigned shift : {24U, 16U, 8U, 0U})
@@ -14,30 +12,26 @@ std::string words(std::initializer_list<unsigned> values) {
     return bytes;
 }
 
-// A stream at an odd address lends no buffer for a run of words, so two offsets take the two paths.
+// A stream at an odd address lends no buffer for a run of words, so offsets 0 and 2 take the two paths.
 template <class Record>
-std::string encode(Record &record, std::size_t offset = 0) {
-    std::string bytes(40000, '~');
+static bool decode(std::string bytes, Record &record, std::size_t offset = 0) {
+    bytes.insert(0, offset, '~');
     XDR x;
-    xdrmem_create(&x, bytes.data() + offset, 39000, XDR_ENCODE);
-    return item(&x, record) ? bytes.substr(offset, XDR_GETPOS(&x)) : "failed";
-}
-
-template <class Record>
-bool decode(const std::string &bytes, Record &record, std::size_t offset = 0) {
-    std::string moved = std::string(offset, '~') + bytes;
-    XDR x;
-    xdrmem_create(&x, moved.data() + offset, static_cast<unsigned>(bytes.size()), XDR_DECODE);
+    xdrmem_create(&x, bytes.data() + offset, static_cast<unsigned>(bytes.size() - offset), XDR_DECODE);
     return item(&x, record);
 }
 
+// Decoded the one way and encoded the other.
 template <class Record>
-std::string recoded(const std::string &bytes) {
+static std::string recoded(const std::string &bytes, std::size_t offset = 0) {
     Record record{};
     Message whole = message(record);
-    const std::string again = decode(bytes, record) ? encode(record) : "failed";
+    std::string again(40000, '~');
+    XDR x;
+    xdrmem_create(&x, again.data() + 2 - offset, 39000, XDR_ENCODE);
+    const bool good = decode(bytes, record, offset) && item(&x, record);
     xdr_free(code_message, &whole);
-    return again;
+    return good ? again.substr(2 - offset, XDR_GETPOS(&x)) : "failed";
 }
 
 TEST(Codec, WritesItemsInTheirOneForm) {
@@ -48,21 +42,15 @@ TEST(Codec, WritesItemsInTheirOneForm) {
     const std::string longest = words({~0U, 1, 9, 8256}) + std::string(8256, 'd');
     EXPECT_EQ(recoded<wlan_config_result_data_t>(longest), longest);
     EXPECT_EQ(recoded<wlan_config_result_data_t>(words({0, 0, 8257}) + std::string(8260, 'd')), "failed");
-    scan_table table{};
-    table.entries[63].byte5 = 200;
-    EXPECT_EQ(encode(table).substr(4 + 63 * 121 * 4), std::string(120 * 4, '\0') + words({200}));
 }
 
 TEST(Codec, CodesARunOfWordsAlikeInBothWays) {
     const std::string numbers = words({1, 2, 3, 4, 5, ~0U, 6, 7, 0xfffe, 8, 9, 10, 0xfd, 11, ~1U, 'n'});
     const std::string bytes = words({'A'}) + std::string(143 * 4, '\0') + numbers + std::string(31 * 4, '\0');
     for (const std::size_t offset : {0U, 2U}) {
-        wlan_device_t device{};
-        ASSERT_TRUE(decode(bytes, device, offset));
-        EXPECT_EQ(std::tie(device.counter5, device.rssi, device.short_value), std::tuple(5U, -1, 0xfffe));
-        EXPECT_EQ(encode(device, offset), bytes);
+        EXPECT_EQ(recoded<wlan_device_t>(bytes, offset), bytes);
         for (std::size_t length = 0; length < bytes.size(); length += 4)
-            EXPECT_FALSE(decode(bytes.substr(0, length), device, offset)) << length;
+            EXPECT_EQ(recoded<wlan_device_t>(bytes.substr(0, length), offset), "failed") << length;
     }
     EXPECT_EQ(recoded<wlan_device_result_data_t>(words({0, 1}) + bytes), words({0, 1}) + bytes);
 }
@@ -72,44 +60,40 @@ TEST(Codec, AllocatesNothingForAHostileLength) {
     for (unsigned bit = 4; bit < 32; ++bit)
         for (const unsigned length : {1U << bit, 3 - bit}) {
             char *text = nullptr;
-            wlan_config_result_data_t numbers{}, data{};
-            EXPECT_FALSE(decode(words({length, 1, 2, 3}), text));
-            EXPECT_FALSE(decode(words({0, length, 1, 2, 3}), numbers));
-            EXPECT_FALSE(decode(words({0, 0, length, 1, 2, 3}), data));
-            EXPECT_FALSE(text || numbers.return_u_int.return_u_int_val || data.return_data.return_data_val);
-            std::free(data.return_u_int.return_u_int_val);
+            wlan_config_result_data_t result{};
+            EXPECT_FALSE(decode(words({length, 1, 2, 3}), text) || text);
+            EXPECT_FALSE(decode(words({0, length, 1, 2, 3}), result) || result.return_u_int.return_u_int_val);
         }
     const std::string one_of_two_texts = words({1, 1, 0x61000000, 9, 0x62000000}); // the first must be freed
     EXPECT_EQ(recoded<wlan_set_mac_address_control_add_1_argument>(one_of_two_texts), "failed");
 }
 
 // A transport that hands out these arguments and records the replies: the status as a digit, then the result.
-std::string arguments, replies;
-bool can_send = true, can_free = true;
+static std::string request_bytes, replies;
+static bool can_send = true, can_free = true;
 
-bool_t get_arguments(SVCXPRT *, xdrproc_t codec, void *object) {
+static bool_t get_arguments(SVCXPRT *, xdrproc_t codec, void *object) {
     XDR x;
-    xdrmem_create(&x, arguments.data(), static_cast<unsigned>(arguments.size()), XDR_DECODE);
+    xdrmem_create(&x, request_bytes.data(), static_cast<unsigned>(request_bytes.size()), XDR_DECODE);
     return codec(&x, object);
 }
 
-bool_t record_reply(SVCXPRT *, rpc_msg *message) {
+static bool_t record_reply(SVCXPRT *, rpc_msg *message) {
     const accepted_reply &reply = message->acpted_rply;
     std::array<char, 64> result;
     XDR x;
     xdrmem_create(&x, result.data(), result.size(), XDR_ENCODE);
-    const bool sent =
-        reply.ar_stat != SUCCESS || (reply.ar_results.proc(&x, reply.ar_results.where) && can_send);
+    const bool good = reply.ar_stat != SUCCESS || reply.ar_results.proc(&x, reply.ar_results.where);
     replies += std::to_string(reply.ar_stat) + std::string(result.data(), XDR_GETPOS(&x));
-    return sent;
+    return good && (can_send || reply.ar_stat != SUCCESS);
 }
 
-bool_t free_arguments(SVCXPRT *, xdrproc_t codec, void *object) { return xdr_free(codec, object), can_free; }
+static bool_t release(SVCXPRT *, xdrproc_t codec, void *object) { return xdr_free(codec, object), can_free; }
 
-std::string dispatch(unsigned number, const std::string &sent) {
-    std::tie(arguments, replies) = std::tuple(sent, "");
-    const std::remove_cvref_t<decltype(*SVCXPRT::xp_ops)> operations{
-        nullptr, nullptr, get_arguments, record_reply, free_arguments, nullptr};
+static std::string dispatch(unsigned number, const std::string &sent) {
+    std::tie(request_bytes, replies) = std::tuple(sent, "");
+    const std::remove_cvref_t<decltype(*SVCXPRT::xp_ops)> operations{nullptr,      nullptr, get_arguments,
+                                                                     record_reply, release, nullptr};
     SVCXPRT transport{};
     transport.xp_ops = &operations;
     svc_req request{};
@@ -124,7 +108,6 @@ TEST(Dispatch, AnswersEveryRequest) {
     EXPECT_EQ(dispatch(NULLPROC, ""), "0");
     EXPECT_EQ(dispatch(4, ""), "0" + words({0, 4, 7, 0, 0, 0, 0}));
     EXPECT_EQ(dispatch(14, words({1})), "0" + words({0, 0, 3, 0x31310000})); // the text "11"
-    EXPECT_EQ(dispatch(43, rates), "0" + words({0}));
     EXPECT_EQ(dispatch(43, rates.substr(0, 8)), std::to_string(GARBAGE_ARGS)) << "and nothing is called";
     for (const unsigned number : {20U, 254U, ~0U})
         EXPECT_EQ(dispatch(number, rates), std::to_string(PROC_UNAVAIL)) << number;
@@ -133,5 +116,3 @@ TEST(Dispatch, AnswersEveryRequest) {
     can_free = false;
     EXPECT_EXIT(dispatch(43, rates), testing::ExitedWithCode(1), "^unable to free arguments$");
 }
-
-} // namespace

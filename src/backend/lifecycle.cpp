@@ -107,8 +107,8 @@ Status ZAV_Init() {
     std::this_thread::sleep_for(settling_time);
     if (stops != begun)
         return failure; // nothing is left that could join a bridge
-    commands = running == 5 || running == 24 ? find_band(static_cast<unsigned>(running)) : &dual_commands;
-    return run_command(__func__, commands->vlans);
+    const BandCommands *settled = find_band(static_cast<unsigned>(running));
+    return run_command(__func__, settled == nullptr ? dual_commands.vlans : settled->vlans);
 }
 
 Status ZAV_Stop() {

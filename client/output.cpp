@@ -6,6 +6,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <fmt/format.h>
+#include <iterator>
 #include <langinfo.h>
 #include <libsmartcols.h>
 #include <memory>
@@ -61,22 +62,31 @@ void print_table(const Row &heading, const std::vector<Row> &rows) {
     scols_print_table(table.get());
 }
 
-const char *result_name(Result result) {
-    switch (result) {
-    case Result::code:
-    case Result::none:
-        return "none";
-    case Result::integer:
-        return "int";
-    case Result::unsigned_integer:
-        return "unsigned";
-    case Result::text:
-        return "text";
-    case Result::port_and_index:
-        return "port and index";
-    }
-    return "";
-}
+constexpr const char *result_names[] = {
+    "none",
+    "none",
+    "int",
+    "unsigned",
+    "text",
+    "secret text",
+    "port and index",
+    "basic statistics",
+    "statistics",
+    "channel statistics",
+    "noise floor",
+    "packet count",
+    "RSSI table",
+    "station",
+    "stations",
+    "neighbours",
+    "air-time statistics",
+    "frames in queue",
+    "rate data",
+    "air-time information",
+};
+static_assert(std::size(result_names) == static_cast<std::size_t>(Result::air_time_information) + 1);
+
+const char *result_name(Result result) { return result_names[static_cast<std::size_t>(result)]; }
 
 Json procedure_json(const Procedure &procedure) {
     Json arguments = Json::array();
@@ -113,7 +123,7 @@ bool has_value(const Procedure &procedure) {
 void print_answer_json(const Procedure &procedure, const Answer &answer) {
     Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
     if (answer.code >= 0 && has_value(procedure)) {
-        if (procedure.result == Result::text)
+        if (is_text(procedure.result))
             object["value"] = answer.text;
         else if (answer.numbers.size() == 1)
             object["value"] = answer.numbers[0];
@@ -134,7 +144,7 @@ std::string_view setting_name(std::string_view procedure) {
 }
 
 void print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
-    const bool text = procedure.result == Result::text;
+    const bool text = is_text(procedure.result);
     std::string value = text ? answer.text : fmt::format("{}", fmt::join(answer.numbers, " "));
     if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);

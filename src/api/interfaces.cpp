@@ -18,12 +18,11 @@ Status read_name(int index, std::span<char> ret_name) {
 
 Status wlan_getNumberOfEntries(unsigned *ret_count) {
     log_debug("[ZAV-API] %s entry.\n", __func__);
-    return report(__func__, ZAV_GetNumberOfEntries(ret_count), "[ZAV-API] %s %d wlan entries available.\n",
-                  ret_count);
+    return report(__func__, ZAV_GetNumberOfEntries(ret_count), "%d wlan entries available.\n", ret_count);
 }
 
 Status wlan_getName(int index, std::span<char> ret_name) {
-    return get(__func__, read_name, plain_entry, "[ZAV-API] %s wlan name is %s.\n", index, ret_name);
+    return get(__func__, read_name, "wlan name is %s.\n", index, ret_name, Entry::plain);
 }
 
 Status wlan_addEntry() {
@@ -32,6 +31,6 @@ Status wlan_addEntry() {
 }
 
 Status wlan_delEntry(int index) {
-    log_debug("[ZAV-API] %s wlan_delEntry int index=%d\n", __func__, index);
+    log_entry(__func__, index);
     return success;
 }

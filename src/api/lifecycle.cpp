@@ -59,12 +59,7 @@ Status start_init(const char *who) {
 
 Status wlan_load(int flags) {
     log_debug("[ZAV-API] %s entry.\n", __func__);
-    const Status result = ZAV_Start(flags);
-    if (result == failure)
-        log_error("[ZAV-API] Error %s failed !!!\n", __func__);
-    else
-        log_debug("[ZAV-API] %s wlan loaded.\n", __func__);
-    return result;
+    return report(__func__, ZAV_Start(flags), "wlan loaded.\n");
 }
 
 Status wlan_init() {

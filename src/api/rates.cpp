@@ -55,7 +55,7 @@ Status wlan_getPossibleDataTransmitRates(int index, std::span<char> ret_rates) {
     Status result = ZAV_Show(index, "BasicRate", answer);
     if (result == success)
         result = format_rates(answer.data(), ret_rates);
-    return report(__func__, result, "[ZAV-API] %s txRates are:%s\n", ret_rates);
+    return report(__func__, result, "txRates are:%s\n", ret_rates);
 }
 
 Status wlan_getBasicDataTransmitRates(int index, std::span<char> ret_rates) {
@@ -67,13 +67,11 @@ Status wlan_getOperationalDataTransmitRates(int index, std::span<char> ret_rates
 }
 
 Status wlan_setBasicDataTransmitRates(int index, const char *rates) {
-    log_debug("[ZAV-API] %s wlan_setBasicDataTransmitRates int index=%d txRates=%s\n", __func__, index,
-              rates);
+    log_entry_with(__func__, index, Line<const char *>("txRates=%s\n"), rates);
     return success;
 }
 
 Status wlan_setOperationalDataTransmitRates(int index, const char *rates) {
-    log_debug("[ZAV-API] %s wlan_setOperationalDataTransmitRates int index=%d txRates=%s\n", __func__, index,
-              rates);
+    log_entry_with(__func__, index, Line<const char *>("txRates=%s\n"), rates);
     return success;
 }

@@ -1,8 +1,8 @@
 #include "api/restart.h"
 
 #include "api/worker.h"
+#include "api/wrapper.h"
 #include "backend/lifecycle.h"
-#include "backend/log.h"
 
 #include <cstdint>
 #include <mutex>
@@ -26,24 +26,17 @@ std::uint16_t take_mask() {
     return std::exchange(restart_mask_next, std::uint16_t{0});
 }
 
-void report(const char *who, Status result, const Line<const char *> &line) {
-    if (result == failure)
-        log_error("[ZAV-API] Error %s failed !!!\n", who);
-    else
-        log_line(line, who);
-}
-
 void restart(const char *who, std::uint16_t mask) {
     if (mask != 0)
         log_error("=ww= Now restart wlan with mask:%04x\n", mask);
     if (mask == restart_everything) {
-        report(who, ZAV_RestartAll(), "[ZAV-API] %s restart all finished.\n");
+        (void)report(who, ZAV_RestartAll(), "restart all finished.\n");
         return;
     }
     if ((mask & mask_5g) != 0)
-        report(who, ZAV_Restart(first_index_5g), "[ZAV-API] %s restart finished.\n");
+        (void)report(who, ZAV_Restart(first_index_5g), "restart finished.\n");
     if ((mask & mask_24g) != 0)
-        report(who, ZAV_Restart(first_index_24g), "[ZAV-API] %s restart finished.\n");
+        (void)report(who, ZAV_Restart(first_index_24g), "restart finished.\n");
 }
 
 void *restart_thread_function(void *) {

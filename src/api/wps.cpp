@@ -8,13 +8,9 @@ Status wlan_setWpsModelName(int, const char *) {
 }
 
 Status wlan_getWpsConfigTimeout(int index, unsigned *ret_timeout) {
-    return get_key(__func__, "WscConfigTimeout", 120000,
-                   "[ZAV-API] %s wlan_getWpsConfigTimeout int index=%d\n", "[ZAV-API] %s timeout is %d\n",
-                   index, ret_timeout);
+    return get_key(__func__, "WscConfigTimeout", 120000, "timeout is %d\n", index, ret_timeout);
 }
 
 Status wlan_setWpsConfigTimeout(int index, unsigned timeout) {
-    return set_key(__func__, "WscConfigTimeout",
-                   "[ZAV-API] %s wlan_setWpsConfigTimeout int index=%d timeout=%u\n",
-                   "[ZAV-API] %s timeout set to:%d\n", index, timeout);
+    return set_key(__func__, "WscConfigTimeout", "timeout=%u\n", "timeout set to:%d\n", index, timeout);
 }

@@ -4,10 +4,13 @@
 #include "backend/log.h"
 #include "backend/status.h"
 
+#include <array>
+#include <cstdio>
 #include <span>
 
 // The forms of an API operation: entry line, backend operation, then one error line or the success line.
-// Getters fold every result other than -1 into 0; setters pass the result on.
+// Getters fold every result other than -1 into 0; setters pass the result on. Lines are what follows the name
+// of the operation, "[ZAV-API] NAME ".
 
 // What a success line shows of a value; numbers of either sign are printed signed.
 inline int shown(unsigned value) { return static_cast<int>(value); }
@@ -16,50 +19,117 @@ inline const char *shown(const char *value) { return value; }
 inline const char *shown(std::span<char> value) { return value.data(); }
 
 // (type_identity: the operation says what Value is, not the line.)
-using EntryLine = Line<const char *, int>;
 template <class Value>
-using SetEntryLine = std::type_identity_t<Line<const char *, int, Value>>;
+using ValueLine = std::type_identity_t<Line<Value>>;
 template <class Value>
-using SuccessLine = std::type_identity_t<Line<const char *, decltype(shown(Value{}))>>;
+using SuccessLine = std::type_identity_t<Line<decltype(shown(Value{}))>>;
 
-inline constexpr EntryLine plain_entry{"[ZAV-API] %s entry (%d).\n"};
+// Most entry lines spell the operation out once more, a few only say that it begins.
+enum class Entry : bool { named, plain };
 
-template <class Value>
-Status report(const char *who, Status result, const SuccessLine<Value> &line, Value value) {
+inline void log_entry(const char *who, int index, Entry entry = Entry::named) {
+    if (entry == Entry::plain)
+        log_debug("[ZAV-API] %s entry (%d).\n", who, index);
+    else
+        log_debug("[ZAV-API] %s %s int index=%d\n", who, who, index);
+}
+
+template <class... Values>
+void log_entry_with(const char *who, int index, const Line<Values...> &line,
+                    std::type_identity_t<Values>... values) {
+    std::array<char, 96> rest;
+    std::snprintf(rest.data(), rest.size(), " %s int index=%d ", who, index);
+    log_checked_after(who, rest.data(), line.text, values...);
+}
+
+template <class... Values>
+Status report_line(const char *who, Status result, const Line<Values...> &line,
+                   std::type_identity_t<Values>... values) {
     if (result == failure)
         log_error("[ZAV-API] Error %s failed !!!\n", who);
     else
-        log_line(line, who, shown(value));
+        log_checked_after(who, " ", line.text, values...);
     return result;
 }
 
+inline Status report(const char *who, Status result, Line<> line) { return report_line(who, result, line); }
+
+template <class Value>
+Status report(const char *who, Status result, const SuccessLine<Value> &line, Value value) {
+    return report_line(who, result, line, shown(value));
+}
+
+constexpr Status folded(Status result) { return result == failure ? failure : success; }
+
 template <class Out>
-Status get(const char *who, Status (*operation)(int, Out), EntryLine entry, SuccessLine<Out> line, int index,
-           std::type_identity_t<Out> ret_value) {
-    log_line(entry, who, index);
-    const Status result = report<Out>(who, operation(index, ret_value), line, ret_value);
-    return result == failure ? failure : success;
+Status get_passing(const char *who, Status (*operation)(int, Out), SuccessLine<Out> line, int index,
+                   std::type_identity_t<Out> ret_value, Entry entry = Entry::named) {
+    log_entry(who, index, entry);
+    const Status result = operation(index, ret_value);
+    return report<Out>(who, result, line, ret_value);
+}
+
+template <class Out>
+Status get(const char *who, Status (*operation)(int, Out), SuccessLine<Out> line, int index,
+           std::type_identity_t<Out> ret_value, Entry entry = Entry::named) {
+    return folded(get_passing(who, operation, line, index, ret_value, entry));
 }
 
 template <class Value>
-Status set(const char *who, Status (*operation)(int, Value), SetEntryLine<Value> entry,
-           SuccessLine<Value> line, int index, std::type_identity_t<Value> value) {
-    log_line(entry, who, index, value);
+Status set(const char *who, Status (*operation)(int, Value), ValueLine<Value> entry, SuccessLine<Value> line,
+           int index, std::type_identity_t<Value> value) {
+    log_entry_with(who, index, entry, value);
     return report<Value>(who, operation(index, value), line, value);
+}
+
+// The same for keys, passphrases and PINs, which these lines do not show.
+inline Status get_secret(const char *who, Status (*operation)(int, std::span<char>), Line<> line, int index,
+                         std::span<char> ret_value) {
+    log_entry(who, index);
+    return folded(report(who, operation(index, ret_value), line));
+}
+
+inline Status set_secret(const char *who, Status (*operation)(int, const char *), Line<> line, int index,
+                         const char *value) {
+    log_entry(who, index);
+    return report(who, operation(index, value), line);
+}
+
+// Actions of an interface.
+inline Status act(const char *who, Status (*operation)(int), Line<> line, int index) {
+    log_entry(who, index);
+    return report(who, operation(index), line);
+}
+
+// Operations with a selector before the value: an access category, the number of a key or of a registrar.
+template <class Out>
+Status get_of(const char *who, Status (*operation)(int, int, Out), Line<int> entry, SuccessLine<Out> line,
+              int index, int selector, std::type_identity_t<Out> ret_value) {
+    log_entry_with(who, index, entry, selector);
+    const Status result = operation(index, selector, ret_value);
+    return folded(report<Out>(who, result, line, ret_value));
+}
+
+template <class Value>
+Status set_of(const char *who, Status (*operation)(int, int, Value),
+              std::type_identity_t<Line<int, Value>> entry, SuccessLine<Value> line, int index, int selector,
+              std::type_identity_t<Value> value) {
+    log_entry_with(who, index, entry, selector, value);
+    return report<Value>(who, operation(index, selector, value), line, value);
 }
 
 // Settings that are one key of the settings file and nothing more.
 
 // A getter cannot fail: an index without a BSS and an absent key answer the default.
-inline Status get_key(const char *who, const char *key, unsigned default_value, EntryLine entry,
-                      SuccessLine<unsigned> line, int index, unsigned *ret_value) {
-    log_line(entry, who, index);
+inline Status get_key(const char *who, const char *key, unsigned default_value, SuccessLine<unsigned> line,
+                      int index, unsigned *ret_value) {
+    log_entry(who, index);
     *ret_value = ZAV_nvram_get_uint32_helper(index, key, default_value);
     return report(who, success, line, *ret_value);
 }
 
-inline Status set_key(const char *who, const char *key, SetEntryLine<unsigned> entry,
-                      SuccessLine<unsigned> line, int index, unsigned value) {
-    log_line(entry, who, index, value);
+inline Status set_key(const char *who, const char *key, ValueLine<unsigned> entry, SuccessLine<unsigned> line,
+                      int index, unsigned value) {
+    log_entry_with(who, index, entry, value);
     return report(who, ZAV_nvram_set_uint32_helper(index, key, static_cast<int>(value)), line, value);
 }

@@ -21,15 +21,37 @@ Status read_list(const char *ifname, const char *key, std::string *ret_list) {
 
 bool has_field(unsigned bss) { return bss >= 1 && bss <= list_fields; }
 
+// Takes the first field off the list.
+std::string_view take_field(std::string_view *list) {
+    const std::string_view field = list->substr(0, list->find(';'));
+    list->remove_prefix(std::min(list->size(), field.size() + 1));
+    return field;
+}
+
+Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
+                  std::span<char> ret_text) {
+    std::string stored;
+    if (!has_field(bss) || read_list(ifname, key, &stored) != success)
+        return failure;
+    std::string_view rest = stored, field;
+    for (unsigned i = 1; i <= bss; ++i) {
+        field = take_field(&rest);
+        if (ends_at_gap && field.empty())
+            break;
+    }
+    copy_text(ret_text, field);
+    return success;
+}
+
 } // namespace
 
-Status read_number_list(const char *ifname, const char *key, NumberList *ret_list) {
+Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers) {
     std::string stored;
     if (read_list(ifname, key, &stored) != success)
         return failure;
-    ret_list->fill(0);
+    std::fill(ret_numbers.begin(), ret_numbers.end(), 0);
     const char *next = stored.c_str();
-    for (int &number : *ret_list) {
+    for (int &number : ret_numbers) {
         if (!scan_number(next, &number, &next) || *next != ';')
             break;
         ++next;
@@ -37,9 +59,16 @@ Status read_number_list(const char *ifname, const char *key, NumberList *ret_lis
     return success;
 }
 
+Status write_numbers(const char *ifname, const char *key, std::span<const int> numbers) {
+    std::string text;
+    for (const int number : numbers)
+        text.append(text.empty() ? "" : ";").append(std::to_string(number));
+    return nvram_set_str(ifname, key, text.c_str());
+}
+
 Status read_list_number(const char *ifname, const char *key, unsigned bss, int *ret_value) {
     NumberList list;
-    if (!has_field(bss) || read_number_list(ifname, key, &list) != success)
+    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
         return failure;
     *ret_value = list.at(bss - 1);
     return success;
@@ -47,17 +76,24 @@ Status read_list_number(const char *ifname, const char *key, unsigned bss, int *
 
 Status write_list_number(const char *ifname, const char *key, unsigned bss, int value) {
     NumberList list;
-    if (!has_field(bss) || read_number_list(ifname, key, &list) != success)
+    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
         return failure;
     list.at(bss - 1) = value;
-    std::string text;
-    for (const int number : list)
-        text += (text.empty() ? "" : ";") + std::to_string(number);
-    return nvram_set_str(ifname, key, text.c_str());
+    return write_numbers(ifname, key, list);
 }
 
+Status read_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text) {
+    return read_field(ifname, key, bss, false, ret_text);
+}
+
+Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text) {
+    return read_field(ifname, key, bss, true, ret_text);
+}
+
+bool fits_list(const char *text) { return std::strpbrk(text, ";\n") == nullptr; }
+
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text) {
-    if (std::strpbrk(text, ";\n") != nullptr) {
+    if (!fits_list(text)) {
         log_error("[ZAV-API] Error %s a list cannot hold this text\n", who);
         return failure;
     }
@@ -66,8 +102,7 @@ Status write_list_text(const char *who, const char *ifname, const char *key, uns
         return failure;
     std::string_view rest = stored;
     for (unsigned field = 1; field <= list_fields; ++field) {
-        const std::string_view old = rest.substr(0, rest.find(';'));
-        rest.remove_prefix(std::min(rest.size(), old.size() + 1));
+        const std::string_view old = take_field(&rest);
         changed.append(field == 1 ? "" : ";").append(field == bss ? std::string_view(text) : old);
     }
     return nvram_set_str(ifname, key, changed.c_str());

@@ -3,6 +3,7 @@
 #include "backend/status.h"
 
 #include <array>
+#include <span>
 
 // Settings that hold a field for each BSS of a band: one key whose value is a list of fields separated by
 // ";". After any change the list has 16 fields. BSS numbers count from 1; one above 16 answers -1.
@@ -10,14 +11,23 @@
 constexpr unsigned list_fields = 16;
 using NumberList = std::array<int, list_fields>;
 
-// The numbers up to the first field that is none, zeros behind them; -1 when the key is absent.
-Status read_number_list(const char *ifname, const char *key, NumberList *ret_list);
+// The numbers up to the first field that is none, zeros behind them; -1 when the key is absent. Writing: as
+// nvram_set_str. Lists of any length: 16 fields for the BSSes, 4 for access categories, 13 for channels.
+Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers);
+Status write_numbers(const char *ifname, const char *key, std::span<const int> numbers);
 
-// The field of one BSS. Writing: as nvram_set_str.
+// The number of one BSS.
 Status read_list_number(const char *ifname, const char *key, unsigned bss, int *ret_value);
 Status write_list_number(const char *ifname, const char *key, unsigned bss, int value);
 
-// Replaces the field of one BSS; the other fields keep their texts, whatever they are, and missing ones
-// become empty. A text with ";" or a line feed would shift the fields of other BSSes and is refused with an
-// error line that names `who`.
+// The text of one BSS, cut at the buffer; -1 when the key is absent. In an unbroken list nothing counts
+// behind an empty field: those fields read as empty.
+Status read_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text);
+Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text);
+
+// Whether a list can hold the text: one with ";" or a line feed would shift the fields of other BSSes.
+bool fits_list(const char *text);
+
+// Replaces the text of one BSS; the other fields keep theirs, whatever they are, and missing ones become
+// empty. A text that does not fit is refused with an error line that names `who`.
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text);

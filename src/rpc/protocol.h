@@ -37,13 +37,29 @@ struct Arguments {
 
 // What the answer holds. Everything but a bare code travels in the result record, with its code.
 enum class Result : unsigned char {
-    code,             // the return code alone
-    none,             // the result record, of which only the code means anything
-    integer,          // one signed 32-bit number
-    unsigned_integer, // one unsigned 32-bit number
-    text,             // a text with its terminating zero byte
-    port_and_index,   // two unsigned 32-bit numbers
+    code,                 // the return code alone
+    none,                 // the result record, of which only the code means anything
+    integer,              // one signed 32-bit number
+    unsigned_integer,     // one unsigned 32-bit number
+    text,                 // a text with its terminating zero byte
+    secret_text,          // the same, not for everyone's eyes: a key, a passphrase, a PIN
+    port_and_index,       // two unsigned 32-bit numbers
+    basic_stats,          // the words of wlan_basicStats_t
+    stats,                // the words of wlan_stats_t and five more, which mean nothing
+    channel_statistics,   // three unsigned 32-bit numbers
+    noise_floor,          // four signed 32-bit numbers
+    packet_count,         // one unsigned 64-bit number as two words, the low one first
+    rssi_table,           // 37 signed 64-bit numbers likewise
+    device,               // the memory image of wlan_device_t
+    device_table,         // ... of wlan_assoc_devices_table
+    scan_result,          // ... of scan_table
+    air_time_stats,       // ... of AirTimeStats
+    frames_in_queue,      // ... of FramesInQueueData
+    rate_data,            // ... of RateData
+    air_time_information, // ... of BSSAirTimeManagementInfo
 };
+
+constexpr bool is_text(Result result) { return result == Result::text || result == Result::secret_text; }
 
 struct Procedure {
     unsigned number;

@@ -27,22 +27,55 @@ void fill_text(wlan_config_result_data_t *result, const char *text) {
     result->return_u_int = {};
 }
 
-int get_number(const char *who, Status (*operation)(int, unsigned *), Line<int> line, int index,
-               wlan_config_result_data_t *result) {
-    say(who, Line<int>("index %d\n"), index);
-    unsigned value = 0;
-    result->return_code = code_of(operation(index, &value));
+void fill_record(wlan_config_result_data_t *result, std::span<const std::byte> record) {
+    auto &[length, data] = result->return_data;
+    data = static_cast<char *>(std::malloc(record.size()));
+    length = data == nullptr ? 0 : static_cast<unsigned>(record.size());
+    if (data != nullptr)
+        std::memcpy(data, record.data(), record.size());
+    result->return_u_int = {};
+}
+
+void fill_nothing(wlan_config_result_data_t *result) {
+    result->return_u_int = {};
+    result->return_data = {};
+}
+
+int act(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result) {
+    say_name_closely(who);
+    *result = code_of(operation(index));
+    return 1;
+}
+
+int reply_number(const char *who, Line<int> line, Status status, unsigned value,
+                 wlan_config_result_data_t *result) {
+    result->return_code = code_of(status);
     fill_numbers(result, std::span(&value, 1));
     say(who, line, shown(value));
     return 1;
 }
 
-int get_text_into(const char *who, Status (*operation)(int, std::span<char>), Line<const char *> line,
-                  int index, std::span<char> text, wlan_config_result_data_t *result) {
-    say(who, Line<int>("[index %d]\n"), index);
-    result->return_code = code_of(operation(index, text));
-    fill_text(result, text.data());
+int get_number(const char *who, Status (*operation)(int, unsigned *), Line<int> line, int index,
+               wlan_config_result_data_t *result) {
+    say(who, Line<int>("index %d\n"), index);
+    unsigned value = 0;
+    const Status status = operation(index, &value);
+    return reply_number(who, line, status, value, result);
+}
+
+int get_number_of_class(const char *who, Status (*operation)(int, int, unsigned *), Line<int> line, int index,
+                        int ac, wlan_config_result_data_t *result) {
+    say(who, Line<int, int>("index %d class %d\n"), index, ac);
+    unsigned value = 0;
+    const Status status = operation(index, ac, &value);
+    return reply_number(who, line, status, value, result);
+}
+
+int reply_text(const char *who, Line<const char *> line, Status status, const char *text,
+               wlan_config_result_data_t *result) {
+    result->return_code = code_of(status);
+    fill_text(result, text);
     say(who, Line<int>("[len = %d]\n"), shown(result->return_data.return_data_len));
-    say(who, line, text.data());
+    say(who, line, text);
     return 1;
 }

@@ -5,11 +5,12 @@
 #include "rpc/records.h"
 
 #include <array>
+#include <cstddef>
 #include <span>
 
 // The forms of a server procedure. Each writes its entry line, calls the API operation once, turns what came
 // out into the result record and returns 1: send the reply. Lines are what follows "[ZAV-API] NAME  WLAN RPC
-// server : ".
+// server : ". The functions reply_... are the second half, for procedures with an entry line of their own.
 
 template <class... Values>
 void say(const char *who, const Line<Values...> &line, std::type_identity_t<Values>... values) {
@@ -24,6 +25,9 @@ void say_name_closely(const char *who); // with one blank behind the name
 // released with the result.
 void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> values);
 void fill_text(wlan_config_result_data_t *result, const char *text);
+// The memory image of a record.
+void fill_record(wlan_config_result_data_t *result, std::span<const std::byte> record);
+void fill_nothing(wlan_config_result_data_t *result);
 
 inline wlan_config_return_code_e code_of(Status status) {
     return static_cast<wlan_config_return_code_e>(status);
@@ -46,16 +50,63 @@ int set(const char *who, Status (*operation)(int, Operand), ValueLine<Value> lin
     return 1;
 }
 
+// With a selector before the value: an access category, the number of a key or of a registrar.
+template <class Value, class Operand>
+int set_of(const char *who, Status (*operation)(int, int, Operand), ValueLine<Value> line, int index,
+           int selector, Value value, wlan_config_return_code_e *result) {
+    say(who, line, shown(value));
+    *result = code_of(operation(index, selector, value));
+    return 1;
+}
+
+// An action of an interface; its entry line is its name, closely.
+int act(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result);
+
+int reply_number(const char *who, Line<int> line, Status status, unsigned value,
+                 wlan_config_result_data_t *result);
 int get_number(const char *who, Status (*operation)(int, unsigned *), Line<int> line, int index,
                wlan_config_result_data_t *result);
+int get_number_of_class(const char *who, Status (*operation)(int, int, unsigned *), Line<int> line, int index,
+                        int ac, wlan_config_result_data_t *result);
 
 // `text` is the procedure's zeroed buffer; its size bounds what a client can receive.
-int get_text_into(const char *who, Status (*operation)(int, std::span<char>), Line<const char *> line,
-                  int index, std::span<char> text, wlan_config_result_data_t *result);
+int reply_text(const char *who, Line<const char *> line, Status status, const char *text,
+               wlan_config_result_data_t *result);
 
 template <std::size_t room>
 int get_text(const char *who, Status (*operation)(int, std::span<char>), Line<const char *> line, int index,
              wlan_config_result_data_t *result) {
     std::array<char, room> text{};
-    return get_text_into(who, operation, line, index, text, result);
+    say(who, Line<int>("[index %d]\n"), index);
+    const Status status = operation(index, text);
+    return reply_text(who, line, status, text.data(), result);
+}
+
+// The same with the name as the entry line.
+template <std::size_t room>
+int get_text_by_name(const char *who, Status (*operation)(int, std::span<char>), Line<const char *> line,
+                     int index, wlan_config_result_data_t *result) {
+    std::array<char, room> text{};
+    say_name(who);
+    const Status status = operation(index, text);
+    return reply_text(who, line, status, text.data(), result);
+}
+
+// The text of one of several keys.
+template <std::size_t room>
+int get_key_text(const char *who, Status (*operation)(int, int, std::span<char>), Line<const char *> line,
+                 int index, int key_index, wlan_config_result_data_t *result) {
+    std::array<char, room> text{};
+    say(who, Line<int, int>("[index %d] [keyIndex %d]\n"), index, key_index);
+    const Status status = operation(index, key_index, text);
+    return reply_text(who, line, status, text.data(), result);
+}
+
+template <class Record>
+int reply_record(const char *who, Status status, const Record &record, wlan_config_result_data_t *result) {
+    result->return_code = code_of(status);
+    fill_record(result, std::as_bytes(std::span(&record, 1)));
+    say(who, Line<int>("result->return_data.return_data_len = %d\n"),
+        shown(result->return_data.return_data_len));
+    return 1;
 }

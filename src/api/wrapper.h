@@ -118,6 +118,18 @@ Status set_of(const char *who, Status (*operation)(int, int, Value),
     return report<Value>(who, operation(index, selector, value), line, value);
 }
 
+inline Status get_secret_of(const char *who, Status (*operation)(int, int, std::span<char>), Line<int> entry,
+                            Line<> line, int index, int selector, std::span<char> ret_value) {
+    log_entry_with(who, index, entry, selector);
+    return folded(report(who, operation(index, selector, ret_value), line));
+}
+
+inline Status set_secret_of(const char *who, Status (*operation)(int, int, const char *), Line<int> entry,
+                            Line<> line, int index, int selector, const char *value) {
+    log_entry_with(who, index, entry, selector);
+    return report(who, operation(index, selector, value), line);
+}
+
 // Settings that are one key of the settings file and nothing more.
 
 // A getter cannot fail: an index without a BSS and an absent key answer the default.

@@ -164,16 +164,8 @@ Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
     int rate = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
         return failure;
-    switch (ask_bit_rate(ifname, &rate)) {
-    case Asked::no_socket:
-        log_error("[ZAV-API] Error %s ioctl sock failed!\n", __func__);
+    if (report_asked(__func__, ask_bit_rate(ifname, &rate)) != success)
         return failure;
-    case Asked::refused:
-        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
-        return failure;
-    case Asked::answered:
-        break;
-    }
     std::snprintf(ret_rate.data(), ret_rate.size(), "%i", rate / 1000000);
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_rate.data());
     return success;

@@ -70,6 +70,8 @@ bool is_key(std::string_view key) {
     return !key.empty() && key.size() <= longest_key && key.find_first_of("=\n") == key.npos;
 }
 
+bool is_value(const char *value) { return std::strchr(value, '\n') == nullptr; }
+
 // Where the key's value stands. Only a whole key at the start of a line matches, and never the first line.
 std::optional<Place> find_value(std::string_view text, std::string_view key) {
     if (!is_key(key))
@@ -156,10 +158,12 @@ Status nvram_set_str(const char *ifname, const char *key, const char *value) {
         return failure;
     }
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s\n", __func__, ifname, key, value);
-    if (!is_key(key) || std::strchr(value, '\n') != nullptr) {
-        log_error("[ZAV-API] Error %s key or value does not fit the settings file\n", __func__);
+    if (!is_key(key)) {
+        log_error("[ZAV-API] Error %s key does not fit the settings file\n", __func__);
         return failure;
     }
+    if (!nvram_can_hold(__func__, value))
+        return failure;
     return store_value(__func__, open_settings(ifname), key, value);
 }
 
@@ -167,6 +171,12 @@ Status nvram_set_int(const char *ifname, const char *key, int value) {
     std::array<char, 12> text{};
     std::to_chars(text.data(), text.data() + text.size() - 1, value);
     return nvram_set_str(ifname, key, text.data());
+}
+
+bool nvram_can_hold(const char *who, const char *value) {
+    if (!is_value(value))
+        log_error("[ZAV-API] Error %s value does not fit the settings file\n", who);
+    return is_value(value);
 }
 
 bool nvram_has_room(const char *ifname, std::size_t added) {

@@ -28,6 +28,10 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
 Status nvram_set_str(const char *ifname, const char *key, const char *value);
 Status nvram_set_int(const char *ifname, const char *key, int value);
 
+// Whether the format can hold the value; false with an error line that names `who`. For settings of several
+// keys, and for values that the driver is told first.
+bool nvram_can_hold(const char *who, const char *value);
+
 // Whether the file can take so many bytes more; false when it cannot be read.
 bool nvram_has_room(const char *ifname, std::size_t added);
 

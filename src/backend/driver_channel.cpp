@@ -22,6 +22,8 @@ namespace {
 
 constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
 constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
+constexpr unsigned long wps_device_request = SIOCIWFIRSTPRIV + 18;
+constexpr unsigned long wps_reset_request = SIOCIWFIRSTPRIV + 25;
 
 // The request's length field has 16 bits, so no answer is longer than this.
 constexpr std::size_t longest_answer = std::numeric_limits<__u16>::max();
@@ -129,4 +131,26 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
     const Asked asked = ask(SIOCGIWRATE, ifname, request.ifr_ifrn.ifrn_name, &request);
     *ret_bits_a_second = request.u.bitrate.value;
     return asked;
+}
+
+Status report_asked(const char *who, Asked asked) {
+    if (asked == Asked::no_socket)
+        log_error("[ZAV-API] Error %s ioctl sock failed!\n", who);
+    if (asked == Asked::refused)
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
+    return asked == Asked::answered ? success : failure;
+}
+
+Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer) {
+    // More than the driver is known to write: it is not told how much room there is.
+    const auto buffer = std::make_unique<char[]>(longest_answer + 1);
+    iwreq request = make_request(ifname, buffer.get(), 0);
+    const Asked asked = ask(wps_device_request, ifname, request.ifr_ifrn.ifrn_name, &request);
+    copy_text(ret_answer, asked == Asked::answered ? buffer.get() : "");
+    return asked;
+}
+
+Asked reset_wps(const InterfaceName &ifname) {
+    iwreq request{};
+    return ask(wps_reset_request, ifname, request.ifr_ifrn.ifrn_name, &request);
 }

@@ -23,3 +23,12 @@ Status ZAV_InterfaceDown(int index);
 enum class Asked { answered, no_socket, refused };
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
+
+// Turns what came of them into a result; an error line names `who`.
+Status report_asked(const char *who, Asked asked);
+
+// The driver's words about the device, cut at the buffer and terminated; no answer has more room than this.
+constexpr std::size_t wps_device_room = 501;
+Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer);
+// Puts the radio's WPS back into its state out of the box.
+Asked reset_wps(const InterfaceName &ifname);

@@ -26,17 +26,18 @@ unsigned refresh(std::atomic<unsigned> &count, const char *ifname, unsigned load
 }
 
 // One BSS: its band and its number there.
-struct Bss {
+struct Position {
     bool is_24g;
     unsigned number;
 };
 
-Status find_bss(int index, Bss *ret_bss) {
+Status find_position(int index, Position *ret_position) {
     const BssCounts counts = refresh_counts();
     if (index < 1 || static_cast<unsigned>(index) > counts.total())
         return failure;
     const auto position = static_cast<unsigned>(index);
-    *ret_bss = position <= counts.on_24g ? Bss{true, position} : Bss{false, position - counts.on_24g};
+    *ret_position =
+        position <= counts.on_24g ? Position{true, position} : Position{false, position - counts.on_24g};
     return success;
 }
 
@@ -68,29 +69,36 @@ Status ZAV_GetNumberOfEntriesPerInf(unsigned *ret_first, unsigned *ret_last, int
 Status isIndexValid(int index) { return check_index(__func__, index); }
 
 Status check_index(const char *who, int index) {
-    if (Bss bss; find_bss(index, &bss) == success)
+    if (Position position; find_position(index, &position) == success)
         return success;
     log_debug("[ZAV-API] %s illegal index:%i.\n", who, index);
     return failure;
 }
 
 Status GET_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss) {
-    Bss bss;
-    if (find_bss(index, &bss) != success)
+    Position position;
+    if (find_position(index, &position) != success)
         return failure;
-    std::snprintf(ret_name->data(), ret_name->size(), bss.is_24g ? "zvi0%u" : "zv0%u", bss.number - 1);
+    std::snprintf(ret_name->data(), ret_name->size(), position.is_24g ? "zvi0%u" : "zv0%u",
+                  position.number - 1);
     if (ret_bss != nullptr)
-        *ret_bss = bss.number;
+        *ret_bss = position.number;
     return success;
 }
 
-Status GET_ATM_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss) {
-    Bss bss;
-    if (find_bss(index, &bss) != success)
+Status find_bss(const char *who, int index, Bss *ret_bss) {
+    if (check_index(who, index) != success)
         return failure;
-    copy_text(*ret_name, bss.is_24g ? "atm24g" : "atm5g");
+    return GET_IFNAME_FROM_INDEX(&ret_bss->ifname, index, &ret_bss->number);
+}
+
+Status GET_ATM_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss) {
+    Position position;
+    if (find_position(index, &position) != success)
+        return failure;
+    copy_text(*ret_name, position.is_24g ? "atm24g" : "atm5g");
     if (ret_bss != nullptr)
-        *ret_bss = bss.number;
+        *ret_bss = position.number;
     return success;
 }
 

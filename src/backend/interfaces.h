@@ -39,7 +39,15 @@ Status check_index(const char *who, int index);
 // The driver's interface name and, where asked for, the BSS number; -1 and nothing written for an index
 // that names no BSS.
 Status GET_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss);
-// The same with the name of the radio's air-time interface, "atm24g" or "atm5g".
+// Where the settings of a BSS stand: its interface, and its number in the lists and keys of its band. -1 with
+// the debug line of check_index.
+struct Bss {
+    InterfaceName ifname;
+    unsigned number;
+};
+Status find_bss(const char *who, int index, Bss *ret_bss);
+
+// As GET_IFNAME_FROM_INDEX with the name of the radio's air-time interface, "atm24g" or "atm5g".
 Status GET_ATM_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss);
 // The same for operations that need a running driver: -1 before it is initialised.
 Status ZAV_getIfNameByIndex(int index, InterfaceName *ret_name);

@@ -52,12 +52,17 @@ int wait_for(pid_t child) {
     return status;
 }
 
+// The wait status, or -1.
+int run_shell(const char *who, const char *command) {
+    log_debug("[ZAV-API] %s command=%s\n", who, command);
+    const pid_t child = start_shell(command, STDOUT_FILENO);
+    return child < 0 ? -1 : wait_for(child);
+}
+
 } // namespace
 
 Status run_command(const char *who, const char *command) {
-    log_debug("[ZAV-API] %s command=%s\n", who, command);
-    const pid_t child = start_shell(command, STDOUT_FILENO);
-    const int rc = child < 0 ? -1 : wait_for(child);
+    const int rc = run_shell(who, command);
     if (rc == -1)
         return failure;
     // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.
@@ -67,6 +72,10 @@ Status run_command(const char *who, const char *command) {
         return failure;
     }
     return success;
+}
+
+Status try_command(const char *who, const char *command) {
+    return run_shell(who, command) == -1 ? failure : success;
 }
 
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line) {

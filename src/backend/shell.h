@@ -12,6 +12,9 @@
 // not be started or, with an error line that names `who`, on any other exit status.
 Status run_command(const char *who, const char *command);
 
+// The same for a command whose exit status does not matter: -1 only when the shell could not be started.
+Status try_command(const char *who, const char *command);
+
 // Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
 // only when the shell could not be started: the exit status is not looked at.
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);

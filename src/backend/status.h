@@ -6,3 +6,10 @@ enum [[nodiscard]] Status : int{
     unchanged = 2,   // the stored value was already equal, nothing was written
     in_progress = 3, // accepted, not finished yet
 };
+
+// Of two writes that make one setting: unchanged only when both found their value stored.
+constexpr Status both(Status first, Status second) {
+    if (first == failure || second == failure)
+        return failure;
+    return first == unchanged && second == unchanged ? unchanged : success;
+}

@@ -15,6 +15,15 @@ inline void copy_text(std::span<char> to, std::string_view from) {
     to[length] = '\0';
 }
 
+// Takes the next word that blanks set apart off the text; empty at its end.
+inline std::string_view take_word(std::string_view *text) {
+    constexpr std::string_view blanks = " \t\n\v\f\r";
+    text->remove_prefix(std::min(text->find_first_not_of(blanks), text->size()));
+    const std::string_view word = text->substr(0, text->find_first_of(blanks));
+    text->remove_prefix(word.size());
+    return word;
+}
+
 // A decimal number as sscanf's %d finds it at `text`; 32-bit values of either sign keep all their bits.
 // `*ret_end` is left where the number ends. False when no number stands there.
 inline bool scan_number(const char *text, int *ret_value, const char **ret_end = nullptr) {

@@ -47,10 +47,15 @@ int act(const char *who, Status (*operation)(int), int index, wlan_config_return
     return 1;
 }
 
-int reply_number(const char *who, Line<int> line, Status status, unsigned value,
-                 wlan_config_result_data_t *result) {
+int reply_number(Status status, unsigned value, wlan_config_result_data_t *result) {
     result->return_code = code_of(status);
     fill_numbers(result, std::span(&value, 1));
+    return 1;
+}
+
+int reply_number(const char *who, Line<int> line, Status status, unsigned value,
+                 wlan_config_result_data_t *result) {
+    (void)reply_number(status, value, result);
     say(who, line, shown(value));
     return 1;
 }

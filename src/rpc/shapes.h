@@ -62,6 +62,7 @@ int set_of(const char *who, Status (*operation)(int, int, Operand), ValueLine<Va
 // An action of an interface; its entry line is its name, closely.
 int act(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result);
 
+int reply_number(Status status, unsigned value, wlan_config_result_data_t *result); // and no value line
 int reply_number(const char *who, Line<int> line, Status status, unsigned value,
                  wlan_config_result_data_t *result);
 int get_number(const char *who, Status (*operation)(int, unsigned *), Line<int> line, int index,

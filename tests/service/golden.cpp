@@ -98,7 +98,9 @@ void read_line(const std::string &text, std::vector<GoldenCase> &cases) {
     std::string keyword;
     line >> keyword;
     if (keyword == "case") {
-        cases.push_back({rest_of(line), {}, {}});
+        cases.push_back({rest_of(line), {}, false, {}});
+    } else if (keyword == "running") {
+        cases.back().running = true;
     } else if (keyword == "given") {
         std::string file;
         line >> file;

@@ -2,6 +2,8 @@
 
 #include "service/gateway.h"
 
+#include <ostream>
+
 // The rows of procedures.golden: what was expected of the daemon before it was written. See that file's head.
 
 struct GoldenCall {
@@ -17,8 +19,12 @@ struct GoldenCall {
 struct GoldenCase {
     std::string name;
     std::vector<std::pair<std::string, std::string>> given; // files of the state directory, written before
+    bool running = false; // the driver is initialised before the first call, and stopped after the last
     std::vector<GoldenCall> calls;
 };
+
+// How a test that fails names its case.
+inline void PrintTo(const GoldenCase &golden, std::ostream *stream) { *stream << golden.name; }
 
 std::vector<GoldenCase> read_golden(const std::string &path);
 

@@ -1,0 +1,37 @@
+#pragma once
+
+#include "backend/interfaces.h"
+#include "backend/status.h"
+
+#include <array>
+
+// What the radio knows of WPS. The order is that of the driver's answer.
+struct WscInfo {
+    int ConfMode;
+    unsigned ConfigMethods; // bits, see find_method
+    int UseUPnP;
+    std::array<char, 8> Mode;
+    int ConfStatus; // 2: configured
+    std::array<char, 12> PinCode;
+    int State;
+    int Status;
+    std::array<char, 52> Uuid;
+    unsigned Version; // 1 or 2
+    unsigned LastConfigError;
+    int SetupLock;
+    int ConfigTimeout; // seconds
+};
+
+// WPS belongs to a radio, whose first interface stands for it: its index, its name, and field 1 of its lists.
+struct WpsRadio {
+    int first_index;
+    InterfaceName ifname;
+};
+Status find_wps_radio(int index, WpsRadio *ret_radio);
+
+// From the driver while the band of the index runs, else from the settings file. -1 for an index without a
+// BSS, and for an answer or settings that lack a part; the parts before it are filled in.
+Status ZAV_parseWscInfoCommand(int index, WscInfo *ret_info);
+
+// What the driver tells, a token each: the WscInfo fields in order. Public for tests of hostile answers.
+Status parse_wsc_info(const char *who, const char *answer, WscInfo *ret_info);

@@ -115,6 +115,16 @@ void read_line(const std::string &text, std::vector<GoldenCase> &cases) {
     }
 }
 
+void start_driver(Gateway &gateway) {
+    constexpr std::uint32_t load = 1, init = 2, in_progress = 3;
+    gateway.call(load, word(245));
+    std::optional<std::string> answer;
+    for (int i = 0; i < 500 && (answer = gateway.call(init, "")) == word(in_progress); ++i)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    if (answer != word(0))
+        throw std::runtime_error("the driver does not come up");
+}
+
 } // namespace
 
 std::vector<GoldenCase> read_golden(const std::string &path) {
@@ -141,6 +151,21 @@ void prepare(const GoldenCase &golden) {
     write_file("/tmp/ZAV750vlan.dat", read_file(SOURCE_DIR "/sim/factory/ZAV750vlan.dat"));
     for (const auto &[file, content] : golden.given)
         write_file(std::string(Gateway::directory) + "/" + file, content);
+}
+
+Played::Played(Gateway &gateway, const GoldenCase &golden) : gateway_(gateway), running_(golden.running) {
+    constexpr std::uint32_t count = 4;
+    prepare(golden);
+    std::filesystem::remove("/tmp/wlandbg");
+    if (running_)
+        start_driver(gateway);
+    gateway.call(count, ""); // a case does not begin with looking that up
+}
+
+Played::~Played() {
+    constexpr std::uint32_t reset = 3;
+    if (running_)
+        gateway_.call(reset, "");
 }
 
 std::vector<std::string> lines_of(const std::string &text) {

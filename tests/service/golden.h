@@ -31,6 +31,19 @@ std::vector<GoldenCase> read_golden(const std::string &path);
 // Settings files, faults and logs as a fresh gateway has them, then what the case gives.
 void prepare(const GoldenCase &golden);
 
+// A case while it is played: prepared, with its driver running where it says so, and BSSes counted.
+class Played {
+public:
+    Played(Gateway &gateway, const GoldenCase &golden);
+    ~Played();
+    Played(const Played &) = delete;
+    Played &operator=(const Played &) = delete;
+
+private:
+    Gateway &gateway_;
+    bool running_;
+};
+
 // What the daemon printed and the platform logged from now on.
 class News {
 public:

@@ -158,13 +158,14 @@ constexpr char script_fault[] = "/tmp/gateway/faults/script.zv_host.sh";
 const std::string repair = std::string("rm ") + script_fault + ".*";
 const std::string fail = std::string("echo 3 >") + script_fault + ".fail",
                   killed = std::string("echo KILL >") + script_fault + ".signal";
-INSTANTIATE_TEST_SUITE_P(
-    , LifecycleScript,
-    testing::Values(Broken{"Missing", "mv /tmp/sim/host /tmp/sim/away", "mv /tmp/sim/away /tmp/sim/host", 127},
-                    Broken{"NotExecutable", "chmod -x /tmp/sim/host/*", "chmod +x /tmp/sim/host/*", 126},
-                    Broken{"Fails", fail.c_str(), repair.c_str(), 3},
-                    Broken{"Killed", killed.c_str(), repair.c_str(), 137}),
-    [](const auto &row) { return row.param.name; });
+INSTANTIATE_TEST_SUITE_P(, LifecycleScript,
+                         testing::Values(Broken{"Missing", "mv /tmp/sim/host /tmp/sim/away",
+                                                "mv /tmp/sim/away /tmp/sim/host", 127},
+                                         Broken{"NotExecutable", "chmod -x /tmp/sim/host/*",
+                                                "chmod +x /tmp/sim/host/*", 126},
+                                         Broken{"Fails", fail.c_str(), repair.c_str(), 3},
+                                         Broken{"Killed", killed.c_str(), repair.c_str(), 137}),
+                         [](const auto &row) { return row.param.name; });
 
 // Each way ends at the step that fails.
 TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
@@ -202,7 +203,8 @@ std::vector<double> latencies(Client &client) {
     const std::string name = xdr_text("Gateway-2.4G-2");
     for (unsigned i = 0; i < 1000; ++i) {
         const auto begun = Clock::now();
-        const int answer = i % 2 == 0 ? code(client, get_ssid, word(9)) : code(client, set_ssid, word(2) + name);
+        const int answer =
+            i % 2 == 0 ? code(client, get_ssid, word(9)) : code(client, set_ssid, word(2) + name);
         EXPECT_EQ(answer, i % 2 == 0 ? 0 : 2);
         all.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begun).count());
     }
@@ -210,7 +212,8 @@ std::vector<double> latencies(Client &client) {
     return all;
 }
 
-// Both workers hang for as long as this program runs. Noise may make a request slow, waiting makes it seconds.
+// Both workers hang for as long as this program runs. Noise may make a request slow, waiting makes it
+// seconds.
 TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     hanging = 2;
     ASSERT_EQ(call(load, 245), 0);
@@ -340,9 +343,9 @@ TEST_F(Lifecycle, AThreadThatCannotBeHadIsReported) {
     EXPECT_EQ(call(restart, 3), 0);
     EXPECT_EQ(call(restart, 10), 0);
     const std::string refused = " thread creation failed Resource temporarily unavailable (11).\n";
-    EXPECT_EQ(read_file(gateway.path("err")),
-              "[ZAV-API] Error wlan_init" + refused + "[ZAV-API] Error wlan_restart_thread_start" + refused +
-                  "[ZAV-API] Error wlan_restart_thread_start" + refused);
+    EXPECT_EQ(read_file(gateway.path("err")), "[ZAV-API] Error wlan_init" + refused +
+                                                  "[ZAV-API] Error wlan_restart_thread_start" + refused +
+                                                  "[ZAV-API] Error wlan_restart_thread_start" + refused);
     ASSERT_EQ(prlimit(daemon, RLIMIT_AS, &usual, nullptr), 0);
     EXPECT_EQ(call(restart, 1), 0);
     EXPECT_TRUE(await_lines("err", "mask:0205\n"));
@@ -383,8 +386,8 @@ std::string seen_without_a_daemon() {
     return seen.substr(0, seen.find("Sig")) + "SigBlk:" + none + " SigIgn:" + none;
 }
 
-// Init, restarts, resets and requests of several clients at once. A descriptor gets into a script only when it
-// is started in the moment between another thread's open and the descriptor's mark, hence the thousands.
+// Init, restarts, resets and requests of several clients at once. A descriptor gets into a script only when
+// it is started in the moment between another thread's open and the descriptor's mark, hence the thousands.
 TEST(Overlap, IsSafeAndNothingIsInherited) {
     const auto environment = pry();
     const std::string expected = seen_without_a_daemon();

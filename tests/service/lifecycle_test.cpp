@@ -232,7 +232,8 @@ TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     EXPECT_EQ(code(client, set_transmit_power, word(9) + word(50)), 0);
     EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
     EXPECT_LT(Clock::now() - begun, 1s);
-    for (const auto &[what, place, least] : {std::tuple("median", 500, 1.0), std::tuple("p99", 990, 20.0)}) {
+    for (const auto &[what, place, least] :
+         {std::tuple("median", 500U, 1.0), std::tuple("p99", 990U, 20.0)}) {
         const double before = idle.at(place), after = busy.at(place);
         RecordProperty(what, std::to_string(before) + " " + std::to_string(after));
         EXPECT_LT(after, std::max(10 * before, least)) << what << " was " << before << " ms";
@@ -267,9 +268,10 @@ TEST_F(Lifecycle, RestartsAreMerged) {
         for (const std::uint32_t index : asked)
             EXPECT_EQ(index == 0xFFFF ? call(restart_all) : call(restart, index), 0);
         EXPECT_EQ(verbs(), r5) << "the first one was to last longer";
-        EXPECT_TRUE(await([&] { return verbs().size() >= (r5 + scripts).size(); }));
+        const std::string expected = r5 + scripts;
+        EXPECT_TRUE(await([&] { return verbs().size() >= expected.size(); }));
         std::this_thread::sleep_for(50ms); // for what must not come
-        EXPECT_EQ(verbs(), r5 + scripts);
+        EXPECT_EQ(verbs(), expected);
         EXPECT_EQ(read_file(gateway.path("err")), line + "0100\n" + line + masks);
     }
     EXPECT_EQ(so_far, "");

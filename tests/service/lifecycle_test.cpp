@@ -118,54 +118,50 @@ protected:
 };
 
 struct Broken {
-    const char *name, *break_it, *repair_it;
+    const char *break_it, *repair_it;
     int status;
 };
+constexpr char repair[] = "rm -f /tmp/gateway/faults/script.zv_host.sh.*";
+constexpr Broken broken_scripts[] = {
+    {"mv /tmp/sim/host /tmp/sim/away", "mv /tmp/sim/away /tmp/sim/host", 127},
+    {"chmod -x /tmp/sim/host/*", "chmod +x /tmp/sim/host/*", 126},
+    {"echo 3 >/tmp/gateway/faults/script.zv_host.sh.fail", repair, 3},
+    {"echo KILL >/tmp/gateway/faults/script.zv_host.sh.signal", repair, 137},
+};
 
-class LifecycleScript : public Lifecycle, public testing::WithParamInterface<Broken> {};
-
-TEST_P(LifecycleScript, FailsAndIsReported) {
-    const Broken &broken = GetParam();
-    const std::string failed = " command failed (rc=" + std::to_string(broken.status * 256) +
-                               ",WEXITSTATUS=" + std::to_string(broken.status) + ").\n";
-    shell(broken.break_it);
-    EXPECT_EQ(call(load, 245), -1);
-    shell(broken.repair_it);
-    EXPECT_EQ(call(load, 245), 0);
-    shell(broken.break_it);
-    EXPECT_EQ(call(init), in_progress);
-    EXPECT_EQ(init_result(), -1);
-    EXPECT_EQ(call(restart, 9), 0);
-    EXPECT_TRUE(await_lines("err", "Error restart_thread_function failed !!!\n"));
-    EXPECT_EQ(call(reset), -1);
-    for (const char *who : {"ZAV_Start", "ZAV_Init", "ZAV_Restart", "ZAV_Stop"})
-        EXPECT_EQ(count("err", std::string("[ZAV-API] Error ") + who + failed), 1) << who;
-    shell(broken.repair_it);
-    forget();
-    EXPECT_EQ(call(load, 245), 0) << "loaded still";
-    EXPECT_EQ(call(init), -1) << "the failed reset has not armed it";
-    EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
-    EXPECT_EQ(verbs(), "");
-    EXPECT_EQ(count("err", "init_thread_function failed"), 1);
-    EXPECT_EQ(call(reset), 0);
-    bring_up();
-    forget();
-    EXPECT_EQ(call(restart, 16), 0);
-    EXPECT_TRUE(await_lines("log", "script zv_host.sh restart_interfaces 5g\nset zv00 WscConfMode=0"));
+TEST_F(Lifecycle, AFailingScriptIsReportedAndLeavesTheStates) {
+    for (const Broken &broken : broken_scripts) {
+        SCOPED_TRACE(broken.break_it);
+        write_file(gateway.path("err"), "");
+        shell(broken.break_it);
+        EXPECT_EQ(call(load, 245), -1);
+        shell(broken.repair_it);
+        EXPECT_EQ(call(load, 245), 0);
+        shell(broken.break_it);
+        EXPECT_EQ(call(init), in_progress);
+        EXPECT_EQ(init_result(), -1);
+        EXPECT_EQ(call(restart, 9), 0);
+        EXPECT_TRUE(await_lines("err", "Error restart_thread_function failed !!!\n"));
+        EXPECT_EQ(call(reset), -1);
+        const std::string failed = " command failed (rc=" + std::to_string(broken.status * 256) +
+                                   ",WEXITSTATUS=" + std::to_string(broken.status) + ").\n";
+        for (const char *who : {"ZAV_Start", "ZAV_Init", "ZAV_Restart", "ZAV_Stop"})
+            EXPECT_EQ(count("err", std::string("[ZAV-API] Error ") + who + failed), 1) << who;
+        shell(broken.repair_it);
+        forget();
+        EXPECT_EQ(call(load, 245), 0) << "loaded still";
+        EXPECT_EQ(call(init), -1) << "the failed reset has not armed it";
+        EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
+        EXPECT_EQ(verbs(), "");
+        EXPECT_EQ(count("err", "init_thread_function failed"), 1);
+        EXPECT_EQ(call(reset), 0);
+        bring_up();
+        forget();
+        EXPECT_EQ(call(restart, 16), 0);
+        EXPECT_TRUE(await_lines("log", "script zv_host.sh restart_interfaces 5g\nset zv00 WscConfMode=0"));
+        EXPECT_EQ(call(reset), 0);
+    }
 }
-
-constexpr char script_fault[] = "/tmp/gateway/faults/script.zv_host.sh";
-const std::string repair = std::string("rm ") + script_fault + ".*";
-const std::string fail = std::string("echo 3 >") + script_fault + ".fail",
-                  killed = std::string("echo KILL >") + script_fault + ".signal";
-INSTANTIATE_TEST_SUITE_P(, LifecycleScript,
-                         testing::Values(Broken{"Missing", "mv /tmp/sim/host /tmp/sim/away",
-                                                "mv /tmp/sim/away /tmp/sim/host", 127},
-                                         Broken{"NotExecutable", "chmod -x /tmp/sim/host/*",
-                                                "chmod +x /tmp/sim/host/*", 126},
-                                         Broken{"Fails", fail.c_str(), repair.c_str(), 3},
-                                         Broken{"Killed", killed.c_str(), repair.c_str(), 137}),
-                         [](const auto &row) { return row.param.name; });
 
 // Each way ends at the step that fails.
 TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
@@ -174,13 +170,14 @@ TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
     struct Row {
         std::string fault, content, of_init, of_reset;
     };
-    for (const auto &[name, content, of_init, of_reset] :
-         {Row{"tool.ifconfig.answer", "lo\n", begin, remove + stop},
-          Row{"set.zv00.WscConfMode.fail", "5", begin, remove + stop},
-          Row{"script.zv_host.sh.addvlans.fail", "1", begin + vlans, remove + stop},
-          Row{"script.zv_host.sh.rtdot1xd.signal", "TERM", begin + vlans + dot1x, remove + stop},
-          Row{"script.zv_host.sh.removevlans.fail", "1", begin + vlans + dot1x, remove},
-          Row{"script.zv_host.sh.stop.signal", "SEGV", begin + vlans + dot1x, remove + stop}}) {
+    const std::string vlans_too = begin + vlans, all = vlans_too + dot1x, stopped = remove + stop;
+    const Row rows[] = {{"tool.ifconfig.answer", "lo\n", begin, stopped},
+                        {"set.zv00.WscConfMode.fail", "5", begin, stopped},
+                        {"script.zv_host.sh.addvlans.fail", "1", vlans_too, stopped},
+                        {"script.zv_host.sh.rtdot1xd.signal", "TERM", all, stopped},
+                        {"script.zv_host.sh.removevlans.fail", "1", all, remove},
+                        {"script.zv_host.sh.stop.signal", "SEGV", all, stopped}};
+    for (const auto &[name, content, of_init, of_reset] : rows) {
         SCOPED_TRACE(name);
         const bool of_stop = name.find("remove") != name.npos || name.find("stop") != name.npos;
         ASSERT_EQ(call(load, 245), 0);
@@ -212,8 +209,7 @@ std::vector<double> latencies(Client &client) {
     return all;
 }
 
-// Both workers hang for as long as this program runs. Noise may make a request slow, waiting makes it
-// seconds.
+// Both workers hang for as long as this program runs. Noise makes a request slow, a wait makes it seconds.
 TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     hanging = 2;
     ASSERT_EQ(call(load, 245), 0);
@@ -228,7 +224,6 @@ TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     EXPECT_EQ(call(init), in_progress);
     EXPECT_EQ(call(restart, 1), 0);
     EXPECT_EQ(call(restart_all), 0);
-    EXPECT_EQ(call(set_transmit_power, 9), no_reply) << "it lacks an argument";
     EXPECT_EQ(code(client, set_transmit_power, word(9) + word(50)), 0);
     EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
     EXPECT_LT(Clock::now() - begun, 1s);
@@ -253,8 +248,7 @@ TEST_F(Lifecycle, RestartsAreMerged) {
     for (std::uint32_t index = 1; index <= 16; ++index)
         each.push_back(index);
     bring_up();
-    const std::string so_far = read_file(gateway.path("err"));
-    const std::string line = "=ww= Now restart wlan with mask:";
+    const std::string line = "=ww= Now restart wlan with mask:", first_lines = line + "0100\n" + line;
     for (const auto &[asked, masks, scripts] :
          {Row{{3, 10}, "0204\n", r5 + r24}, Row{thousand, "0204\n", r5 + r24}, Row{{8}, "0080\n", r24},
           Row{{16, 33, 0, 17, 32, 0x80000000}, "8001\n", r5 + r24}, Row{{1, 0xFFFF}, "ffff\n", r24 + r5},
@@ -272,9 +266,8 @@ TEST_F(Lifecycle, RestartsAreMerged) {
         EXPECT_TRUE(await([&] { return verbs().size() >= expected.size(); }));
         std::this_thread::sleep_for(50ms); // for what must not come
         EXPECT_EQ(verbs(), expected);
-        EXPECT_EQ(read_file(gateway.path("err")), line + "0100\n" + line + masks);
+        EXPECT_EQ(read_file(gateway.path("err")), first_lines + masks);
     }
-    EXPECT_EQ(so_far, "");
     forget();
     for (const std::uint32_t index : {0U, 17U, 32U, 0x7FFFFFFFU})
         EXPECT_EQ(call(restart, index), 0);
@@ -290,6 +283,7 @@ TEST_F(Lifecycle, FourClientsStartOneInit) {
         std::latch ready(4);
         std::atomic<int> right = 0;
         std::vector<std::jthread> clients;
+        clients.reserve(4);
         for (int i = 0; i < 4; ++i)
             clients.emplace_back([&] {
                 Client own(gateway.port());
@@ -309,7 +303,7 @@ TEST_F(Lifecycle, FourClientsStartOneInit) {
 TEST_F(Lifecycle, AResetOvertakesARunningInit) {
     for (const bool second_succeeds : {true, false}) {
         SCOPED_TRACE(second_succeeds);
-        shell(repair + " 2>/dev/null || :");
+        shell(repair);
         fault("script.zv_host.sh.init.24g.delay", "300");
         fault("script.zv_host.sh.init.dual.delay", "800");
         fault(second_succeeds ? "script.zv_host.sh.init.24g.fail" : "script.zv_host.sh.init.dual.fail", "1");

@@ -7,6 +7,7 @@
 #include "backend/value_lists.h"
 
 #include <chrono>
+#include <mutex>
 #include <thread>
 
 namespace {
@@ -31,6 +32,7 @@ constexpr const BandCommands &dual_commands = band_commands[2];
 
 // Counts the successful stops, so that an init that a stop has overtaken can tell.
 std::atomic<unsigned> stops{0};
+std::mutex init_begin_mutex; // a stop comes before an init begins or behind it, not in the middle
 
 const BandCommands *find_band(unsigned band) {
     for (const BandCommands &commands : band_commands)
@@ -66,6 +68,16 @@ Status settle_wps(int running) {
     return success;
 }
 
+Status begin_init(const char *who, unsigned *ret_stops) {
+    const std::lock_guard held(init_begin_mutex);
+    if (!driver_loaded) {
+        log_error("[ZAV-API] Error %s The driver/s was not loaded!\n", who);
+        return failure;
+    }
+    *ret_stops = stops;
+    return driver_initialised.exchange(true) ? failure : success;
+}
+
 } // namespace
 
 Status ZAV_Start(int band) {
@@ -91,16 +103,14 @@ Status ZAV_Start(int band) {
 
 Status ZAV_Init() {
     log_debug("[ZAV-API] %s  entry.\n", __func__);
-    if (!driver_loaded) {
-        log_error("[ZAV-API] Error %s The driver/s was not loaded!\n", __func__);
-        return failure;
-    }
-    const unsigned begun = stops;
-    if (driver_initialised.exchange(true))
+    unsigned begun = 0;
+    if (begin_init(__func__, &begun) != success)
         return failure;
     const BandCommands *commands = find_band(InterfacesUp);
     if (commands == nullptr || run_command(__func__, commands->init) != success)
         return failure;
+    if (stops != begun)
+        return failure; // what runs now is not the driver of this init
     const int running = GET_RUNNING_INTERFACES();
     if (running == 0 || settle_wps(running) != success)
         return failure;
@@ -116,6 +126,7 @@ Status ZAV_Stop() {
     if (run_command(__func__, "$zav_install_dir/zv_host.sh removevlans dual br0_remains") != success ||
         run_command(__func__, "$zav_install_dir/zv_host.sh stop all") != success)
         return failure;
+    const std::lock_guard held(init_begin_mutex);
     ++stops;
     driver_initialised = false;
     driver_loaded = false;

@@ -9,6 +9,7 @@
 #include <set>
 #include <sstream>
 #include <sys/wait.h>
+#include <thread>
 
 namespace {
 
@@ -162,6 +163,82 @@ TEST(Wlanctl, SaysThatNoDaemonIsRegistered) {
     { Gateway gone; }
     ASSERT_EQ(std::system("rpcinfo -d 538054928 1"), 0);
     play({{{"get", "ssid", "1"}, 4, "", "not running"}});
+}
+
+const std::string log_file = "/tmp/gateway/log", script_fault = "/tmp/gateway/faults/script.zv_host.sh.";
+
+std::string json(const std::string &procedure, const std::string &status, const std::string &answer) {
+    return R"({"procedure":")" + procedure + R"(","status":")" + status + R"(","code":)" + answer + "}\n";
+}
+
+TEST(Wlanctl, BringsTheDriverUpAndDown) {
+    Gateway gateway;
+    const Row down{{"down"}, 0, "done\n", ""};
+    play({
+        {{"--json", "restart", "zv01"}, 0, json("wlan_restart", "done", "0"), ""},
+        {{"restart", "zv99"}, 2, "", "zv99"},
+        {{"restart"}, 2, "", "INDEX"},
+        {{"up", "2.4"}, 2, "", "'2.4' is not dual, 24 or 5"},
+        {{"up", "24", "5"}, 2, "", "too much"},
+        {{"up", "24"}, 0, "done\n", ""},
+        down,
+        {{"up", "5"}, 0, "done\n", ""},
+        {{"--json", "down"}, 0, json("wlan_reset", "done", "0"), ""},
+        {{"up"}, 0, "done\n", ""},
+        {{"up", "dual"}, 0, "done\n", ""}, // it is up already
+        {{"--json", "up"}, 0, json("wlan_init", "done", "0"), ""},
+        {{"restart", "all"}, 0, "done\n", ""},
+    });
+    const char *const lines[] = {"load 24g\n",
+                                 "init 24g\n",
+                                 "load 5g\n",
+                                 "init 5g\n",
+                                 "load dual\n",
+                                 "init dual\n",
+                                 "restart_interfaces 24g\n",
+                                 "restart_interfaces 5g\nset zv00 WscConfMode=0\n"};
+    const auto all_came = [&] {
+        const std::string log = read_file(log_file);
+        std::size_t at = 0;
+        for (const char *line : lines)
+            at = log.find(line, at);
+        return at != std::string::npos;
+    };
+    for (int tries = 0; tries < 1000 && !all_came(); ++tries)
+        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    EXPECT_TRUE(all_came()) << read_file(log_file);
+    for (const char *verb : {"load", "init", "removevlans"})
+        write_file(script_fault + verb + ".fail", "1");
+    play({{{"down"}, 1, "", "wlan_reset: the daemon answered failure"},
+          {{"--json", "down"}, 1, json("wlan_reset", "failed", "-1"), ""}});
+    std::filesystem::remove(script_fault + "removevlans.fail");
+    play({down,
+          {{"up"}, 1, "", "wlan_load: the daemon answered failure"},
+          {{"--json", "up"}, 1, json("wlan_load", "failed", "-1"), ""}});
+    std::filesystem::remove(script_fault + "load.fail");
+    play({{{"up"}, 1, "", "wlan_init: the daemon answered failure"},
+          {{"--json", "up"}, 1, json("wlan_init", "failed", "-1"), ""}});
+}
+
+TEST(Wlanctl, StopsWaitingAtCtrlCAndTheInitGoesOn) {
+    Gateway gateway;
+    write_file(script_fault + "init.delay", "1500");
+    Process waiting({BINARY_DIR "/bin/wlanctl", "up"}, {}, "/tmp/up.out", "/tmp/up.err");
+    while (read_file(log_file).find("init dual") == std::string::npos)
+        ASSERT_FALSE(waiting.ended(std::chrono::milliseconds(10)));
+    kill(waiting.id(), SIGINT);
+    const int status = waiting.ended().value_or(0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 130) << status;
+    EXPECT_EQ(read_file("/tmp/up.out"), "in progress\n");
+    EXPECT_EQ(read_file("/tmp/up.err"), "wlanctl: no longer waiting; the initialisation goes on\n");
+    // The next one waits for the same init, on a terminal with a line that lives.
+    ASSERT_EQ(std::system("script -qec '" BINARY_DIR "/bin/wlanctl up' /dev/null </dev/null >/tmp/up.out"),
+              0);
+    const std::string seen = read_file("/tmp/up.out");
+    EXPECT_NE(seen.find("\rinitialising ... 0 s\rinitialising"), std::string::npos) << seen;
+    EXPECT_NE(seen.find(" 1 s\r\x1b[Kdone"), std::string::npos) << seen;
+    const std::string log = read_file(log_file);
+    EXPECT_EQ(log.find("init dual"), log.rfind("init dual"));
 }
 
 } // namespace

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <arpa/inet.h>
 #include <array>
+#include <atomic>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -90,14 +91,17 @@ std::vector<std::string> daemon_command(const std::vector<std::string> &argument
     return command;
 }
 
-std::vector<std::string> gateway_environment() {
+std::vector<std::string> gateway_environment(const std::vector<std::string> &changed) {
     std::filesystem::remove("/tmp/gateway/out");
     std::filesystem::remove("/tmp/gateway/err");
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway; rpcinfo -d 538054928 1 2>/dev/null || :") != 0)
         throw std::runtime_error("no gateway");
-    return {"LD_PRELOAD=" BINARY_DIR "/lib/libzav_sim.so", "ZAV_SIM_DIR=/tmp/gateway",
-            "zav_cfg_dir=/tmp/gateway/settings", "zav_install_dir=" SOURCE_DIR "/sim/host",
-            std::string("PATH=" SOURCE_DIR "/sim/bin:") + std::getenv("PATH")};
+    std::vector<std::string> environment{"LD_PRELOAD=" BINARY_DIR "/lib/libzav_sim.so",
+                                         "ZAV_SIM_DIR=/tmp/gateway", "zav_cfg_dir=/tmp/gateway/settings",
+                                         "zav_install_dir=" SOURCE_DIR "/sim/host",
+                                         std::string("PATH=" SOURCE_DIR "/sim/bin:") + std::getenv("PATH")};
+    environment.insert(environment.end(), changed.begin(), changed.end());
+    return environment;
 }
 
 std::uint32_t word_at(std::string_view bytes, std::size_t offset) {
@@ -122,28 +126,32 @@ unsigned find_port(pid_t process) {
 
 } // namespace
 
-Gateway::Gateway(const std::vector<std::string> &arguments)
-    : daemon_(daemon_command(arguments), gateway_environment(), path("out"), path("err")),
-      port_(find_port(daemon_.id())), socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment)
+    : daemon_(daemon_command(arguments), gateway_environment(environment), path("out"), path("err")),
+      port_(find_port(daemon_.id())), client_(port_) {}
+
+Client::Client(unsigned port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
     const int room = 4 << 20; // for the replies to a burst
     setsockopt(socket_, SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof room);
     sockaddr_in address{};
     address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port_));
+    address.sin_port = htons(static_cast<std::uint16_t>(port));
     address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
     if (connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0)
         throw std::runtime_error("connect");
 }
 
+Client::~Client() { close(socket_); }
+
 std::string call_header(std::uint32_t procedure, std::uint32_t program, std::uint32_t version) {
-    static std::uint32_t transaction = 1;
+    static std::atomic<std::uint32_t> transaction = 1;
     std::string header;
     for (const std::uint32_t value : {++transaction, 0U, 2U, program, version, procedure, 0U, 0U, 0U, 0U})
         header += word(value);
     return header;
 }
 
-std::optional<std::string> Gateway::exchange(std::string_view datagram, int patience_ms) {
+std::optional<std::string> Client::exchange(std::string_view datagram, int patience_ms) {
     pollfd ready{socket_, POLLIN, 0};
     std::array<char, 65536> reply;
     if (send(socket_, datagram.data(), datagram.size(), 0) < 0)
@@ -158,8 +166,8 @@ std::optional<std::string> Gateway::exchange(std::string_view datagram, int pati
     return std::nullopt;
 }
 
-std::optional<std::string> Gateway::call(std::uint32_t procedure, std::string_view arguments,
-                                         std::uint32_t *status, int patience_ms) {
+std::optional<std::string> Client::call(std::uint32_t procedure, std::string_view arguments,
+                                        std::uint32_t *status, int patience_ms) {
     const auto reply = exchange(call_header(procedure).append(arguments), patience_ms);
     if (!reply)
         return std::nullopt;

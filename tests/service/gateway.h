@@ -35,12 +35,13 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
 std::string read_file(const std::string &path);
 void write_file(const std::string &path, std::string_view text);
 
-// A simulated gateway in /tmp/gateway with the real daemon on it.
-class Gateway {
+// A socket of its own; several at once are several clients.
+class Client {
 public:
-    static constexpr char directory[] = "/tmp/gateway";
-
-    explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"});
+    explicit Client(unsigned port);
+    ~Client();
+    Client(const Client &) = delete;
+    Client &operator=(const Client &) = delete;
 
     // The body of the reply (behind the accept status, which `status` gets), or nothing in time.
     std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
@@ -49,6 +50,28 @@ public:
     std::optional<std::string> exchange(std::string_view datagram, int patience_ms);
     bool answers() { return call(0, "").has_value(); }
 
+private:
+    int socket_;
+};
+
+// A simulated gateway in /tmp/gateway with the real daemon on it, and a first client.
+class Gateway {
+public:
+    static constexpr char directory[] = "/tmp/gateway";
+
+    // `environment` is put before what the gateway's own says.
+    explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"},
+                     const std::vector<std::string> &environment = {});
+
+    std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
+                                    std::uint32_t *status = nullptr, int patience_ms = 5000) {
+        return client_.call(procedure, arguments, status, patience_ms);
+    }
+    std::optional<std::string> exchange(std::string_view datagram, int patience_ms) {
+        return client_.exchange(datagram, patience_ms);
+    }
+    bool answers() { return client_.answers(); }
+
     Process &daemon() { return daemon_; }
     std::string path(const std::string &name) const { return std::string(directory) + "/" + name; }
     unsigned port() const { return port_; }
@@ -56,7 +79,7 @@ public:
 private:
     Process daemon_;
     unsigned port_;
-    int socket_;
+    Client client_;
 };
 
 // The call header with the next transaction number.

@@ -1,6 +1,7 @@
 // Runs in the directory of a simulated gateway, with its driver preloaded.
 
 #include "api/rates.h"
+#include "backend/bss_identity.h"
 #include "backend/config_store.h"
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
@@ -14,6 +15,12 @@
 #include <unistd.h>
 
 static void write_file(const char *name, const std::string &text) { std::ofstream(name) << text; }
+
+static std::string read_text(const char *name) {
+    std::string text;
+    std::getline(std::ifstream(name), text, '\0');
+    return text;
+}
 
 // The daemon as it starts, with files that name so many BSSes.
 static void start_with(const std::string &number_24g, const std::string &number_5g, unsigned loaded = 245) {
@@ -125,9 +132,7 @@ TEST(Driver, GetsCommandsOnceItIsInitialised) {
               "[ZAV-API] Error ZAV_Set invalid interface index: 0\n"
               "[ZAV-API] Error ZAV_Set zvi00: ioctl failed Input/output error (5).\n"
               "[ZAV-API] Error who command failed (rc=256,WEXITSTATUS=1).\n");
-    std::string log;
-    std::getline(std::ifstream("log"), log, '\0');
-    EXPECT_EQ(log, "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
+    EXPECT_EQ(read_text("log"), "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
 }
 
 TEST(Driver, AnswersWithATerminatedTextThatFits) {
@@ -146,4 +151,55 @@ TEST(Driver, AnswersWithATerminatedTextThatFits) {
     EXPECT_EQ(show(std::string(1000, 'x')), "xxxxxxx");
     EXPECT_EQ(show("36", 9), "") << "no such interface";
     EXPECT_EQ(show("36", 0), "") << "no such index";
+}
+
+TEST(BssIdentity, GivesTheBitRateInMegabits) {
+    const auto rate = [](int index) -> std::string {
+        std::array<char, 8> text{};
+        return ZAV_GetMaxBitRate(index, text) == success ? text.data() : "failure";
+    };
+    start_with("8", "8");
+    write_file("interfaces/zv01", "up");
+    write_file("5g/rate", "866700000\n");
+    write_file("log", "");
+    EXPECT_EQ(rate(10), "failure") << "the driver is not initialised";
+    driver_initialised = true;
+    EXPECT_EQ(rate(10), "866");
+    EXPECT_EQ(rate(17), "failure");
+    testing::internal::CaptureStderr();
+    write_file("faults/rate.zv01.fail", "95");
+    EXPECT_EQ(rate(10), "failure");
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "[ZAV-API] Error ZAV_GetMaxBitRate ioctl failed Operation not supported (95).\n");
+    EXPECT_EQ(read_text("log"), "rate zv01\nrate zv01\n");
+}
+
+TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
+    constexpr char file[] = "/tmp/ZAV750vlan.dat", bssid[] = "00:00:5E:00:53:20";
+    start_with("8", "8");
+    write_file("settings/ZAV75024g.dat",
+               std::string("#\nBssidNum=8\nMbssidByLAM=0\nWL_MACADDR0=") + bssid + "\n");
+    const std::string slot = "#\nVlanId0=4095\nVlanId0Members=\"\"eth0 zv00\"\"\n", filler = "F=";
+    // From no room at all to more than enough.
+    int done = 0;
+    for (std::size_t room = 1; room < 200; ++room) {
+        std::string text = slot + filler;
+        text.resize(16383 - room, 'x');
+        text += '\n';
+        for (const std::uint16_t vlan : {std::uint16_t{4095}, std::uint16_t{7}}) {
+            write_file(file, text);
+            testing::internal::CaptureStderr();
+            const Status result = ZAV_AssocitaleVlan(bssid, vlan);
+            const std::string said = testing::internal::GetCapturedStderr();
+            done += result == success;
+            EXPECT_EQ(read_text(file) == text, result != success) << room;
+            EXPECT_EQ(said, result == success
+                                ? ""
+                                : "[ZAV-API] Error ZAV_AssocitaleVlan no room for the members of the VLAN\n");
+        }
+    }
+    EXPECT_GT(done, 0);
+    write_file(file, slot);
+    EXPECT_EQ(ZAV_AssocitaleVlan(bssid, 4095), success);
+    EXPECT_EQ(read_text(file), "#\nVlanId0=4095\nVlanId0Members=\"\" zvi00\"\"\nVlanzvi00Pvid=\n");
 }

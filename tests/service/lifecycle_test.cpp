@@ -1,0 +1,441 @@
+// Load, init, restart and reset under failing, hanging and overlapping scripts, with the real binary.
+
+#include "service/golden.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <atomic>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <functional>
+#include <gtest/gtest.h>
+#include <latch>
+#include <sys/resource.h>
+#include <thread>
+
+namespace {
+
+using namespace std::chrono_literals;
+using Clock = std::chrono::steady_clock;
+
+constexpr std::uint32_t load = 1, init = 2, reset = 3, get_status = 11, get_name = 12, get_ssid = 21,
+                        set_ssid = 22, set_transmit_power = 53, restart_all = 206, restart = 207;
+constexpr int in_progress = 3, no_reply = -100;
+
+#ifdef SANITIZED
+constexpr bool sanitized = true;
+constexpr std::size_t scripts_to_see = 600;
+#else
+constexpr bool sanitized = false;
+constexpr std::size_t scripts_to_see = 3000;
+#endif
+
+// The first word of the reply.
+int code(Client &client, std::uint32_t procedure, const std::string &arguments = "") {
+    const auto reply = client.call(procedure, arguments);
+    std::uint32_t value = 0;
+    if (!reply || reply->size() < sizeof value)
+        return no_reply;
+    std::memcpy(&value, reply->data(), sizeof value);
+    return static_cast<int>(ntohl(value));
+}
+
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = 20s) {
+    for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))
+        if (come_true())
+            return true;
+    return false;
+}
+
+void shell(const std::string &command) { ASSERT_EQ(std::system(command.c_str()), 0) << command; }
+
+// A gateway with scripts of its own, which can be broken.
+class Lifecycle : public testing::Test {
+protected:
+    Lifecycle() : client(gateway.port()) {}
+    ~Lifecycle() override {
+        EXPECT_TRUE(client.answers());
+        EXPECT_TRUE(await([&] { return children() == hanging; })) << "scripts are not waited for";
+        EXPECT_EQ(count("err", "Sanitizer"), 0) << read_file(gateway.path("err"));
+    }
+
+    static std::vector<std::string> copy_scripts() {
+        shell("rm -rf /tmp/sim && cp -R " SOURCE_DIR "/sim /tmp/sim");
+        return {"zav_install_dir=/tmp/sim/host"};
+    }
+    int call(std::uint32_t procedure) { return code(client, procedure); }
+    int call(std::uint32_t procedure, std::uint32_t argument) {
+        return code(client, procedure, word(argument));
+    }
+    // What init ends with.
+    int init_result() {
+        int answer = in_progress;
+        await([&] { return (answer = call(init)) != in_progress; });
+        return answer;
+    }
+    void bring_up() {
+        ASSERT_EQ(call(load, 245), 0);
+        ASSERT_EQ(call(init), in_progress);
+        ASSERT_EQ(init_result(), 0);
+    }
+    void fault(const std::string &name, const std::string &content) {
+        write_file(gateway.path("faults/" + name), content);
+    }
+    long count(const std::string &file, const std::string &text) {
+        const std::string content = read_file(gateway.path(file));
+        long found = 0;
+        for (std::size_t at = 0; (at = content.find(text, at)) != std::string::npos; at += text.size())
+            ++found;
+        return found;
+    }
+    bool await_lines(const std::string &file, const std::string &text, long lines = 1) {
+        return await([&] { return count(file, text) >= lines; });
+    }
+    // The host script's verbs since the log was emptied.
+    std::string verbs() {
+        std::string all;
+        for (const std::string &line : lines_of(read_file(gateway.path("log"))))
+            if (line.starts_with("script zv_host.sh "))
+                all += line.substr(18) + '\n';
+        return all;
+    }
+    void forget() { write_file(gateway.path("log"), ""); }
+    // Running ones and zombies.
+    long children() {
+        const std::string task = "/proc/" + std::to_string(gateway.daemon().id()) + "/task/";
+        long found = 0;
+        for (const auto &thread : std::filesystem::directory_iterator(task)) {
+            const std::string ids = read_file(thread.path() / "children");
+            found += std::count(ids.begin(), ids.end(), ' ');
+        }
+        return found;
+    }
+
+    long hanging = 0; // scripts that outlive the test
+    Gateway gateway{{"127.0.0.1"}, copy_scripts()};
+    Client client;
+};
+
+struct Broken {
+    const char *break_it, *repair_it;
+    int status;
+};
+constexpr char repair[] = "rm -f /tmp/gateway/faults/script.zv_host.sh.*";
+constexpr Broken broken_scripts[] = {
+    {"mv /tmp/sim/host /tmp/sim/away", "mv /tmp/sim/away /tmp/sim/host", 127},
+    {"chmod -x /tmp/sim/host/*", "chmod +x /tmp/sim/host/*", 126},
+    {"echo 3 >/tmp/gateway/faults/script.zv_host.sh.fail", repair, 3},
+    {"echo KILL >/tmp/gateway/faults/script.zv_host.sh.signal", repair, 137},
+};
+
+TEST_F(Lifecycle, AFailingScriptIsReportedAndLeavesTheStates) {
+    for (const Broken &broken : broken_scripts) {
+        SCOPED_TRACE(broken.break_it);
+        write_file(gateway.path("err"), "");
+        shell(broken.break_it);
+        EXPECT_EQ(call(load, 245), -1);
+        shell(broken.repair_it);
+        EXPECT_EQ(call(load, 245), 0);
+        shell(broken.break_it);
+        EXPECT_EQ(call(init), in_progress);
+        EXPECT_EQ(init_result(), -1);
+        EXPECT_EQ(call(restart, 9), 0);
+        EXPECT_TRUE(await_lines("err", "Error restart_thread_function failed !!!\n"));
+        EXPECT_EQ(call(reset), -1);
+        const std::string failed = " command failed (rc=" + std::to_string(broken.status * 256) +
+                                   ",WEXITSTATUS=" + std::to_string(broken.status) + ").\n";
+        for (const char *who : {"ZAV_Start", "ZAV_Init", "ZAV_Restart", "ZAV_Stop"})
+            EXPECT_EQ(count("err", std::string("[ZAV-API] Error ") + who + failed), 1) << who;
+        shell(broken.repair_it);
+        forget();
+        EXPECT_EQ(call(load, 245), 0) << "loaded still";
+        EXPECT_EQ(call(init), -1) << "the failed reset has not armed it";
+        EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
+        EXPECT_EQ(verbs(), "");
+        EXPECT_EQ(count("err", "init_thread_function failed"), 1);
+        EXPECT_EQ(call(reset), 0);
+        bring_up();
+        forget();
+        EXPECT_EQ(call(restart, 16), 0);
+        EXPECT_TRUE(await_lines("log", "script zv_host.sh restart_interfaces 5g\nset zv00 WscConfMode=0"));
+        EXPECT_EQ(call(reset), 0);
+    }
+}
+
+// Each way ends at the step that fails.
+TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
+    const std::string begin = "init dual\n", vlans = "addvlans dual no_ipv6\n", dot1x = "rtdot1xd dual\n";
+    const std::string remove = "removevlans dual br0_remains\n", stop = "stop all\n";
+    struct Row {
+        std::string fault, content, of_init, of_reset;
+    };
+    const std::string vlans_too = begin + vlans, all = vlans_too + dot1x, stopped = remove + stop;
+    const Row rows[] = {{"tool.ifconfig.answer", "lo\n", begin, stopped},
+                        {"set.zv00.WscConfMode.fail", "5", begin, stopped},
+                        {"script.zv_host.sh.addvlans.fail", "1", vlans_too, stopped},
+                        {"script.zv_host.sh.rtdot1xd.signal", "TERM", all, stopped},
+                        {"script.zv_host.sh.removevlans.fail", "1", all, remove},
+                        {"script.zv_host.sh.stop.signal", "SEGV", all, stopped}};
+    for (const auto &[name, content, of_init, of_reset] : rows) {
+        SCOPED_TRACE(name);
+        const bool of_stop = name.find("remove") != name.npos || name.find("stop") != name.npos;
+        ASSERT_EQ(call(load, 245), 0);
+        forget();
+        fault(name, content);
+        EXPECT_EQ(call(init), in_progress);
+        EXPECT_EQ(init_result(), of_stop ? 0 : -1);
+        EXPECT_EQ(verbs(), of_init);
+        forget();
+        EXPECT_EQ(call(reset), of_stop ? -1 : 0);
+        EXPECT_EQ(verbs(), of_reset);
+        std::filesystem::remove(gateway.path("faults/" + name));
+        EXPECT_EQ(call(reset), 0);
+    }
+}
+
+// Sorted, in milliseconds.
+std::vector<double> latencies(Client &client) {
+    std::vector<double> all;
+    const std::string name = xdr_text("Gateway-2.4G-2");
+    for (unsigned i = 0; i < 1000; ++i) {
+        const auto begun = Clock::now();
+        const int answer =
+            i % 2 == 0 ? code(client, get_ssid, word(9)) : code(client, set_ssid, word(2) + name);
+        EXPECT_EQ(answer, i % 2 == 0 ? 0 : 2);
+        all.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begun).count());
+    }
+    std::sort(all.begin(), all.end());
+    return all;
+}
+
+// Both workers hang for as long as this program runs. Noise makes a request slow, a wait makes it seconds.
+TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
+    hanging = 2;
+    ASSERT_EQ(call(load, 245), 0);
+    const std::vector<double> idle = latencies(client);
+    for (const char *verb : {"init", "restart_interfaces"})
+        fault(std::string("script.zv_host.sh.") + verb + ".delay", "3600000");
+    EXPECT_EQ(call(init), in_progress);
+    EXPECT_EQ(call(restart, 9), 0);
+    ASSERT_TRUE(await_lines("log", "init dual") && await_lines("log", "restart_interfaces 5g"));
+    const std::vector<double> busy = latencies(client);
+    const auto begun = Clock::now();
+    EXPECT_EQ(call(init), in_progress);
+    EXPECT_EQ(call(restart, 1), 0);
+    EXPECT_EQ(call(restart_all), 0);
+    EXPECT_EQ(code(client, set_transmit_power, word(9) + word(50)), 0);
+    EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
+    EXPECT_LT(Clock::now() - begun, 1s);
+    for (const auto &[what, place, least] :
+         {std::tuple("median", 500U, 1.0), std::tuple("p99", 990U, 20.0)}) {
+        const double before = idle.at(place), after = busy.at(place);
+        RecordProperty(what, std::to_string(before) + " " + std::to_string(after));
+        EXPECT_LT(after, std::max(10 * before, least)) << what << " was " << before << " ms";
+    }
+}
+
+// What is asked for during a restart becomes one more, the 5 GHz radio first.
+TEST_F(Lifecycle, RestartsAreMerged) {
+    const std::string r24 = "restart_interfaces 24g\n", r5 = "restart_interfaces 5g\n";
+    struct Row {
+        std::vector<std::uint32_t> asked; // 0xFFFF: all of them
+        std::string masks, scripts;
+    };
+    std::vector<std::uint32_t> thousand, each;
+    for (std::uint32_t i = 0; i < 1000; ++i)
+        thousand.push_back(i % 2 == 0 ? 3 : 10);
+    for (std::uint32_t index = 1; index <= 16; ++index)
+        each.push_back(index);
+    bring_up();
+    const std::string line = "=ww= Now restart wlan with mask:", first_lines = line + "0100\n" + line;
+    for (const auto &[asked, masks, scripts] :
+         {Row{{3, 10}, "0204\n", r5 + r24}, Row{thousand, "0204\n", r5 + r24}, Row{{8}, "0080\n", r24},
+          Row{{16, 33, 0, 17, 32, 0x80000000}, "8001\n", r5 + r24}, Row{{1, 0xFFFF}, "ffff\n", r24 + r5},
+          Row{{0xFFFF, 9}, "ffff\n", r24 + r5}, Row{each, "ffff\n", r24 + r5}}) {
+        SCOPED_TRACE(masks + std::to_string(asked.size()));
+        forget();
+        write_file(gateway.path("err"), "");
+        fault("script.zv_host.sh.restart_interfaces.5g.delay", asked.size() == 1000 ? "700" : "200");
+        EXPECT_EQ(call(restart, 9), 0);
+        ASSERT_TRUE(await_lines("log", r5));
+        for (const std::uint32_t index : asked)
+            EXPECT_EQ(index == 0xFFFF ? call(restart_all) : call(restart, index), 0);
+        EXPECT_EQ(verbs(), r5) << "the first one was to last longer";
+        const std::string expected = r5 + scripts;
+        EXPECT_TRUE(await([&] { return verbs().size() >= expected.size(); }));
+        std::this_thread::sleep_for(50ms); // for what must not come
+        EXPECT_EQ(verbs(), expected);
+        EXPECT_EQ(read_file(gateway.path("err")), first_lines + masks);
+    }
+    forget();
+    for (const std::uint32_t index : {0U, 17U, 32U, 0x7FFFFFFFU})
+        EXPECT_EQ(call(restart, index), 0);
+    std::this_thread::sleep_for(50ms);
+    EXPECT_EQ(verbs(), "");
+}
+
+TEST_F(Lifecycle, FourClientsStartOneInit) {
+    constexpr int rounds = 10;
+    fault("script.zv_host.sh.init.delay", "50");
+    for (int round = 0; round < rounds; ++round) {
+        ASSERT_EQ(call(load, 245), 0);
+        std::latch ready(4);
+        std::atomic<int> right = 0;
+        std::vector<std::jthread> clients;
+        clients.reserve(4);
+        for (int i = 0; i < 4; ++i)
+            clients.emplace_back([&] {
+                Client own(gateway.port());
+                ready.arrive_and_wait();
+                right += code(own, init) == in_progress;
+            });
+        clients.clear();
+        EXPECT_EQ(right, 4);
+        EXPECT_EQ(init_result(), 0);
+        EXPECT_EQ(call(reset), 0);
+    }
+    EXPECT_EQ(count("log", "script zv_host.sh init dual"), rounds);
+    EXPECT_EQ(count("log", "script zv_host.sh addvlans"), rounds);
+}
+
+// The first init, of one radio, ends while the second runs and must not show anywhere.
+TEST_F(Lifecycle, AResetOvertakesARunningInit) {
+    for (const bool second_succeeds : {true, false}) {
+        SCOPED_TRACE(second_succeeds);
+        shell(repair);
+        fault("script.zv_host.sh.init.24g.delay", "300");
+        fault("script.zv_host.sh.init.dual.delay", "800");
+        fault(second_succeeds ? "script.zv_host.sh.init.24g.fail" : "script.zv_host.sh.init.dual.fail", "1");
+        ASSERT_EQ(call(load, 24), 0);
+        EXPECT_EQ(call(init), in_progress);
+        ASSERT_TRUE(await_lines("log", "init 24g"));
+        EXPECT_EQ(call(reset), 0);
+        ASSERT_EQ(call(load, 245), 0);
+        forget();
+        EXPECT_EQ(call(init), in_progress);
+        ASSERT_TRUE(await_lines("log", "init dual"));
+        std::this_thread::sleep_for(400ms); // the first is over, with its wait
+        EXPECT_EQ(call(init), in_progress);
+        EXPECT_EQ(read_file(gateway.path("log")), "script zv_host.sh init dual\n");
+        EXPECT_EQ(init_result(), second_succeeds ? 0 : -1);
+        EXPECT_EQ(call(init), second_succeeds ? 0 : -1);
+        EXPECT_EQ(count("log", "addvlans"), second_succeeds ? 1 : 0);
+        EXPECT_EQ(call(reset), 0);
+    }
+}
+
+// A limit on the address space leaves no room for a thread's stack.
+TEST_F(Lifecycle, AThreadThatCannotBeHadIsReported) {
+    if (sanitized)
+        GTEST_SKIP() << "a sanitizer needs address space itself";
+    ASSERT_EQ(call(load, 245), 0);
+    const pid_t daemon = gateway.daemon().id();
+    rlimit usual{};
+    const rlimit tight{4096, RLIM_INFINITY};
+    ASSERT_EQ(prlimit(daemon, RLIMIT_AS, &tight, &usual), 0);
+    EXPECT_EQ(call(init), -1);
+    EXPECT_EQ(call(init), 0) << "nothing ran, so the result is that of the start";
+    EXPECT_EQ(call(restart, 3), 0);
+    EXPECT_EQ(call(restart, 10), 0);
+    const std::string refused = " thread creation failed Resource temporarily unavailable (11).\n";
+    EXPECT_EQ(read_file(gateway.path("err")), "[ZAV-API] Error wlan_init" + refused +
+                                                  "[ZAV-API] Error wlan_restart_thread_start" + refused +
+                                                  "[ZAV-API] Error wlan_restart_thread_start" + refused);
+    ASSERT_EQ(prlimit(daemon, RLIMIT_AS, &usual, nullptr), 0);
+    EXPECT_EQ(call(restart, 1), 0);
+    EXPECT_TRUE(await_lines("err", "mask:0205\n"));
+    EXPECT_EQ(call(init), 0);
+    EXPECT_EQ(call(reset), 0);
+    bring_up();
+}
+
+// Stands for the host script and for ifconfig: notes what it has inherited, and is quick.
+constexpr char prying_script[] = R"(#!/bin/sh
+seen=
+for each in /proc/self/fd/*; do seen="$seen${each##*/} "; done
+while read -r key value; do
+    case $key in SigBlk: | SigIgn:) seen="$seen$key$value " ;; esac
+done </proc/self/status
+echo "${seen% }" >>/tmp/pry/seen
+case ${0##*/}:$1 in
+*:load) : >/tmp/pry/up ;;
+*:stop) rm -f /tmp/pry/up ;;
+ifconfig:) [ ! -e /tmp/pry/up ] || printf 'zv00\nzvi00\n' ;;
+esac
+)";
+
+std::vector<std::string> pry() {
+    shell("rm -rf /tmp/pry && mkdir /tmp/pry && ln -s zv_host.sh /tmp/pry/ifconfig");
+    write_file("/tmp/pry/zv_host.sh", prying_script);
+    shell("chmod +x /tmp/pry/zv_host.sh");
+    return {"zav_install_dir=/tmp/pry", std::string("PATH=/tmp/pry:") + std::getenv("PATH")};
+}
+
+// What the script itself has open comes on top of 0, 1 and 2: here it has inherited nothing else.
+std::string seen_without_a_daemon() {
+    Process alone({"/tmp/pry/zv_host.sh"}, {}, "/dev/null", "/dev/null");
+    EXPECT_EQ(alone.ended(), 0);
+    const std::string seen = read_file("/tmp/pry/seen");
+    std::filesystem::remove("/tmp/pry/seen");
+    const std::string none(16, '0');
+    return seen.substr(0, seen.find("Sig")) + "SigBlk:" + none + " SigIgn:" + none;
+}
+
+// Init, restarts, resets and requests of several clients at once. A descriptor gets into a script only when
+// it is started in the moment between another thread's open and the descriptor's mark, hence the thousands.
+TEST(Overlap, IsSafeAndNothingIsInherited) {
+    const auto environment = pry();
+    const std::string expected = seen_without_a_daemon();
+    Gateway gateway({"127.0.0.1"}, environment);
+    write_file(gateway.path("interfaces/zv00"), "up");
+    write_file("/tmp/wlandbg", "");
+    std::atomic<bool> enough = false;
+    std::atomic<int> wrong = 0, inits = 0;
+    const auto client = [&](const std::function<void(Client &, std::uint32_t)> &work) {
+        return std::jthread([&, work] {
+            Client own(gateway.port());
+            for (std::uint32_t i = 0; !enough; ++i)
+                work(own, i);
+        });
+    };
+    std::vector<std::jthread> threads;
+    threads.push_back(client([&](Client &own, std::uint32_t i) {
+        wrong += code(own, load, word(245)) != 0;
+        for (int answer = in_progress; answer == in_progress && i % 4 != 3; std::this_thread::sleep_for(1ms))
+            wrong += (answer = code(own, init)) != in_progress && answer != 0;
+        wrong += i % 4 == 3 && code(own, init) != in_progress; // the reset overtakes it
+        wrong += code(own, reset) != 0;
+        ++inits;
+    }));
+    threads.push_back(client([&](Client &own, std::uint32_t i) {
+        wrong += (i % 5 == 0 ? code(own, restart_all) : code(own, restart, word(i % 18))) != 0;
+        std::this_thread::sleep_for(1ms);
+    }));
+    threads.push_back(client([&](Client &own, std::uint32_t i) {
+        wrong += own.call(get_name, word(9)) != data_reply(0, {}, std::string("zv00\0", 5));
+        wrong += code(own, get_status, word(i % 16 + 1)) != 0;
+    }));
+    threads.push_back(client([&](Client &own, std::uint32_t i) {
+        wrong += code(own, set_ssid, word(2) + xdr_text("Net " + std::to_string(i))) != 0;
+        wrong += code(own, get_ssid, word(9)) != 0;
+    }));
+    await([&] { return lines_of(read_file("/tmp/pry/seen")).size() >= scripts_to_see; }, 120s);
+    enough = true;
+    threads.clear();
+    std::filesystem::remove("/tmp/wlandbg");
+    EXPECT_EQ(wrong, 0) << read_file(gateway.path("err"));
+    EXPECT_GT(inits, 10);
+    const auto all = lines_of(read_file("/tmp/pry/seen"));
+    EXPECT_GE(all.size(), scripts_to_see);
+    const std::string own = "180000000"; // signals 32 and 33: the C library's, which it leaves ignored
+    for (std::string seen : all) {
+        if (seen.ends_with(own))
+            seen.replace(seen.size() - own.size(), own.size(), own.size(), '0');
+        ASSERT_EQ(seen, expected);
+    }
+    EXPECT_EQ(read_file(gateway.path("err")).find("Sanitizer"), std::string::npos)
+        << read_file(gateway.path("err"));
+}
+
+} // namespace

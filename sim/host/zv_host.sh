@@ -21,6 +21,7 @@ apply() { # BAND
 }
 
 apply_bss() { # BAND INTERFACE NUMBER
+    [ -e "$ZAV_SIM_DIR/interfaces/$2" ] || return 0 # removed by a stop meanwhile
     setting "$1" "SSID$(($3 + 1))" >"$ZAV_SIM_DIR/$1/show/SSID.$2"
     enabled=$(setting "$1" BssEnabled | cut -d ';' -f "$(($3 + 1))")
     # The first interface carries the radio, so it is up whatever its own setting says.

@@ -19,6 +19,8 @@ int wlan_get_max_bitrate_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_max_bitrate_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_ssid_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_ssid_1_svc(int index, const char *value, wlan_config_return_code_e *result);
+int wlan_get_mac_address_control_enabled_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_set_mac_address_control_enabled_1_svc(int index, int value, wlan_config_return_code_e *result);
 int wlan_get_basic_data_transmit_rates_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_basic_data_transmit_rates_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_operational_data_transmit_rates_1_svc(int index, wlan_config_result_data_t *result);
@@ -35,6 +37,12 @@ int wlan_set_auto_rate_fallback_enable_1_svc(int index, bool value, wlan_config_
 int wlan_get_wmm_supported_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_wmm_uaspd_supported_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_wmm_uaspd_enable_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_set_mac_address_control_clear_1_svc(int index, wlan_config_return_code_e *result);
+int wlan_set_mac_address_control_add_1_svc(int index, const char *mac, const char *name,
+                                           wlan_config_return_code_e *result);
+int wlan_set_mac_address_control_delete_1_svc(int index, const char *mac, wlan_config_return_code_e *result);
+int wlan_get_mac_address_control_list_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_mac_address_control_count_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_wpa_group_reauth_interval_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_wpa_group_reauth_interval_1_svc(int index, unsigned value, wlan_config_return_code_e *result);
 int wlan_get_wmm_apsd_1_svc(int index, wlan_config_result_data_t *result);

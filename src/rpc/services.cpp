@@ -54,8 +54,22 @@ constexpr Service services[] = {
     {171, wlan_set_wps_model_name_1_svc},
     {174, wlan_get_wps_config_timeout_1_svc},
     {175, wlan_set_wps_config_timeout_1_svc},
+    {188, wlan_get_radius_server_address_1_svc},
+    {189, wlan_set_radius_server_address_1_svc},
+    {190, wlan_get_radius_server_port_1_svc},
+    {191, wlan_set_radius_server_port_1_svc},
+    {192, wlan_get_radius_server_key_1_svc},
+    {193, wlan_set_radius_server_key_1_svc},
+    {194, wlan_get_radius_reauth_interval_1_svc},
+    {195, wlan_set_radius_reauth_interval_1_svc},
     {206, wlan_restart_all_1_svc},
     {207, wlan_restart_1_svc},
+    {246, wlan_get_acct_server_address_1_svc},
+    {247, wlan_set_acct_server_address_1_svc},
+    {248, wlan_get_acct_server_port_1_svc},
+    {249, wlan_set_acct_server_port_1_svc},
+    {250, wlan_get_acct_server_key_1_svc},
+    {251, wlan_set_acct_server_key_1_svc},
 };
 
 // Whether a server procedure's parameters are what its protocol row says.

@@ -6,6 +6,7 @@
 #include "backend/interfaces.h"
 #include "backend/lifecycle.h"
 #include "backend/shell.h"
+#include "radio/bss_enable.h"
 
 #include <climits>
 #include <csignal>
@@ -146,4 +147,20 @@ TEST(Driver, AnswersWithATerminatedTextThatFits) {
     EXPECT_EQ(show(std::string(1000, 'x')), "xxxxxxx");
     EXPECT_EQ(show("36", 9), "") << "no such interface";
     EXPECT_EQ(show("36", 0), "") << "no such index";
+}
+
+TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
+    write_file("log", "");
+    EXPECT_EQ(restartRadiusDaemon(), failure) << "the driver is not loaded";
+    driver_loaded = true;
+    for (const auto &[loaded, expected] :
+         {std::pair(0U, failure), {24U, success}, {5U, success}, {245U, success}, {7U, failure}}) {
+        start_with("8", "8", loaded);
+        EXPECT_EQ(restartRadiusDaemon(), expected) << loaded;
+    }
+    std::string log;
+    std::getline(std::ifstream("log"), log, '\0');
+    EXPECT_EQ(log, "script zv_host.sh rtdot1xd 24g\nscript zv_host.sh rtdot1xd 5g\n"
+                   "script zv_host.sh rtdot1xd dual\n");
+    driver_loaded = false;
 }

@@ -149,6 +149,13 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
     return success;
 }
 
+Status nvram_get_whole_str(const char *ifname, const char *key, std::string *ret_value) {
+    ret_value->assign(longest_setting, '\0'); // on the heap: a worker's stack is small
+    const Status result = nvram_get_str(ifname, key, *ret_value);
+    ret_value->resize(std::strlen(ret_value->c_str()));
+    return result;
+}
+
 Status nvram_set_str(const char *ifname, const char *key, const char *value) {
     const std::lock_guard held(store_mutex);
     errno = 0;

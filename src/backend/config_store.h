@@ -4,6 +4,7 @@
 
 #include <cstddef>
 #include <span>
+#include <string>
 
 // The settings files: text lines of key, "=" and value behind a header line. The daemon shares them with the
 // platform's scripts, so nothing is cached: every call reads the file afresh. Any thread may call.
@@ -21,6 +22,8 @@ Status getNvramPath(const char *ifname, const char **ret_path);
 // 0 and the value, cut at the buffer and terminated; -1 when the file cannot be opened for reading and
 // writing or lacks the key. A failed read leaves `ret_value` untouched.
 Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_value);
+// The same, whole; after a failed read the value is empty.
+Status nvram_get_whole_str(const char *ifname, const char *key, std::string *ret_value);
 
 // 0 written, 2 the stored value is already equal, -1 failure. An absent key is appended. Refused with an
 // error line: a key or value that the format cannot hold, a file that is or would become 16384 bytes or

@@ -7,6 +7,7 @@
 #include "backend/interfaces.h"
 #include "backend/lifecycle.h"
 #include "backend/shell.h"
+#include "radio/bss_enable.h"
 
 #include <climits>
 #include <csignal>
@@ -202,4 +203,20 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
     write_file(file, slot);
     EXPECT_EQ(ZAV_AssocitaleVlan(bssid, 4095), success);
     EXPECT_EQ(read_text(file), "#\nVlanId0=4095\nVlanId0Members=\"\" zvi00\"\"\nVlanzvi00Pvid=\n");
+}
+
+TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
+    write_file("log", "");
+    EXPECT_EQ(restartRadiusDaemon(), failure) << "the driver is not loaded";
+    driver_loaded = true;
+    for (const auto &[loaded, expected] :
+         {std::pair(0U, failure), {24U, success}, {5U, success}, {245U, success}, {7U, failure}}) {
+        start_with("8", "8", loaded);
+        EXPECT_EQ(restartRadiusDaemon(), expected) << loaded;
+    }
+    std::string log;
+    std::getline(std::ifstream("log"), log, '\0');
+    EXPECT_EQ(log, "script zv_host.sh rtdot1xd 24g\nscript zv_host.sh rtdot1xd 5g\n"
+                   "script zv_host.sh rtdot1xd dual\n");
+    driver_loaded = false;
 }

@@ -1,0 +1,131 @@
+#include "security/access_list.h"
+
+#include "security/access_list_text.h"
+
+#include <array>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <gtest/gtest.h>
+
+// The store asks for its directory once, so it stands before the first test.
+[[maybe_unused]] static const bool directory_made =
+    setenv("zav_cfg_dir", "/tmp/store", 1) == 0 && std::filesystem::create_directory("/tmp/store");
+
+static std::string settings(const std::string &macs, const std::string &names) {
+    return "#\nBssidNum=8\nAccessControlList1=" + macs + "\nNameListPerMAC1=" + names + "\n";
+}
+
+static void write_settings(const std::string &text) { std::ofstream("/tmp/store/ZAV75024g.dat") << text; }
+
+static std::string read_settings() {
+    std::string text;
+    std::getline(std::ifstream("/tmp/store/ZAV75024g.dat"), text, '\0');
+    return text;
+}
+
+static std::string mac(int number) {
+    std::array<char, 18> text;
+    std::snprintf(text.data(), text.size(), "AA:BB:CC:DD:EE:%02X", static_cast<unsigned>(number) & 0xFFU);
+    return text.data();
+}
+
+static Status add(int number, const std::string &name) {
+    return ZAV_SetMacAddressControlAdd(2, mac(number).c_str(), name.c_str());
+}
+
+static std::string listing() {
+    std::array<char, 4000> text{};
+    return ZAV_GetMacAddressControlList(2, text) == success ? text.data() : "failure";
+}
+
+TEST(AccessListText, IsSplitAndJoined) {
+    std::array<std::string_view, 2> two;
+    EXPECT_EQ(ParseStringForTok("", two, ';'), 0);
+    EXPECT_EQ(ParseStringForTok(";", two, ';'), 2);
+    EXPECT_EQ(ParseStringForTok("a;b;", two, ';'), -1);
+    EXPECT_TRUE(ParseStringForTok("a;b", two, ';') == 2 && two[0] == "a" && two[1] == "b");
+    std::string list = "old";
+    EXPECT_EQ(BuildAccessListString(two, &list, static_cast<AccessListMode>(2), "c", 0), failure);
+    EXPECT_TRUE(IS_HEX("") && IS_HEX("09afAF:") && !IS_HEX("g") && !IS_HEX("a;"));
+}
+
+TEST(AccessList, Holds64EntriesWithNamesOf30Characters) {
+    write_settings(settings("", ""));
+    const std::string name(30, 'n');
+    for (int i = 0; i < 64; ++i)
+        ASSERT_EQ(add(i, name), success) << i;
+    const std::string full = read_settings();
+    EXPECT_EQ(listing().size(), 64 * (17 + 1 + 30 + 1));
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(add(64, "") == failure && add(63, "other") == unchanged);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              "[ZAV-API] Error ZAV_SetMacAddressControlAdd ERROR: access list is full, cannot add more "
+              "MACs.\n");
+    EXPECT_EQ(read_settings(), full);
+}
+
+// Names that another program stored can be longer than those that are added here.
+TEST(AccessList, RefusesAnAddThatTheListingOrTheFileCannotTake) {
+    const std::size_t beside = 2 * (17 + 2) + 3; // two addresses with their separators, the added name
+    const std::string fits(3199 - beside, 'x'), none = "#\nBssidNum=8\n";
+    // Settings filled up to that many bytes, and what an add to them answers.
+    const auto check = [](const std::string &before, std::size_t size, Status expected) {
+        const std::string text = before + "P=" + std::string(size - before.size() - 3, 'p') + "\n";
+        SCOPED_TRACE(before.substr(0, 60) + " " + std::to_string(size));
+        write_settings(text);
+        EXPECT_EQ(add(2, "new"), expected);
+        EXPECT_EQ(read_settings() == text, expected != success) << "an add is done whole or not at all";
+    };
+    check(settings(mac(1), fits), 8000, success);
+    EXPECT_EQ(listing().size(), 3199);
+    check(settings(mac(1), fits + "x"), 8000, failure);
+    check(settings(mac(1), "one"), 16383 - 18 - 4, success);
+    check(settings(mac(1), "one"), 16383 - 18 - 3, failure);
+    check(none, 16383 - 60, success);
+    check(none, 16383 - 50, failure);
+    write_settings(settings(mac(1), std::string(3199 - 19, 'x')));
+    EXPECT_EQ(listing().size(), 3199);
+    write_settings(settings(mac(1), std::string(3199 - 18, 'x')));
+    EXPECT_EQ(listing(), "failure");
+}
+
+TEST(AccessList, DeletesWhateverTheListsHold) {
+    const std::string three = mac(1) + ";" + mac(2) + ";" + mac(3), many(64, ';');
+    struct Row {
+        int number;
+        std::string macs, names, left_macs, left_names;
+        Status status;
+    };
+    const Row rows[] = {
+        {1, three, "a;b;c", mac(2) + ";" + mac(3), "b;c", success},
+        {2, three, "a;;c", mac(1) + ";" + mac(3), "a;c", success},
+        {3, three, "a;b;", mac(1) + ";" + mac(2), "a;b", success},
+        {1, mac(1), "a", "", "", success},
+        {10, "aa:bb:cc:dd:ee:0a;aa:bb:cc:dd:ee:01", "a;b", mac(1), "b", success},
+        {4, three, "a;b;c", three, "a;b;c", unchanged},
+        {1, "0" + mac(1), "a", "0" + mac(1), "a", unchanged}, // stands in the text, but is no entry
+        {2, three, "a;b", mac(1) + ";" + mac(3), "a;b", failure},
+        {2, three, many, mac(1) + ";" + mac(3), many, failure},
+        {1, mac(1) + many, many, mac(1) + many, many, failure},
+    };
+    for (const Row &row : rows) {
+        SCOPED_TRACE(std::to_string(row.number) + " of " + row.macs.substr(0, 60) + " | " + row.names);
+        write_settings(settings(row.macs, row.names));
+        EXPECT_EQ(ZAV_SetMacAddressControlDelete(2, mac(row.number).c_str()), row.status);
+        EXPECT_EQ(read_settings(), settings(row.left_macs, row.left_names));
+    }
+}
+
+TEST(AccessList, AddsAnAddressAndFailsWhereTheNamesDoNotMatch) {
+    const std::string many(64, ';'), long_names = many + std::string(4000, 'n');
+    write_settings(settings("", ""));
+    EXPECT_EQ(add(1, ""), success);
+    EXPECT_EQ(add(2, "second"), failure) << "an empty name alone makes no list of names";
+    EXPECT_EQ(read_settings(), settings(mac(1) + ";" + mac(2), ""));
+    write_settings(settings(mac(1), long_names));
+    EXPECT_EQ(add(2, "x"), failure);
+    EXPECT_EQ(read_settings(), settings(mac(1) + ";" + mac(2), long_names));
+    write_settings(settings("0" + mac(1), "a"));
+    EXPECT_EQ(add(1, "x"), unchanged) << "stands in the text";
+}

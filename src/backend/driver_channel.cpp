@@ -21,6 +21,7 @@
 namespace {
 
 constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
+constexpr unsigned long survey_request = SIOCIWFIRSTPRIV + 12;
 constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
 
 // The request's length field has 16 bits, so no answer is longer than this.
@@ -129,4 +130,9 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
     const Asked asked = ask(SIOCGIWRATE, ifname, request.ifr_ifrn.ifrn_name, &request);
     *ret_bits_a_second = request.u.bitrate.value;
     return asked;
+}
+
+Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer) {
+    iwreq request = make_request(ifname, ret_answer->data(), 0);
+    return ask(survey_request, ifname, request.ifr_ifrn.ifrn_name, &request);
 }

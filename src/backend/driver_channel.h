@@ -3,6 +3,7 @@
 #include "backend/interfaces.h"
 #include "backend/status.h"
 
+#include <array>
 #include <span>
 
 // The only place that issues driver requests. Each opens a socket of its own and closes it.
@@ -23,3 +24,7 @@ Status ZAV_InterfaceDown(int index);
 enum class Asked { answered, no_socket, refused };
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
+
+// A site survey: the driver scans within the call, which takes seconds. The buffer holds zeros before.
+using SurveyAnswer = std::array<char, 8232>;
+Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer);

@@ -43,3 +43,8 @@ int wlan_get_wps_config_timeout_1_svc(int index, wlan_config_result_data_t *resu
 int wlan_set_wps_config_timeout_1_svc(int index, unsigned value, wlan_config_return_code_e *result);
 int wlan_restart_all_1_svc(wlan_config_return_code_e *result);
 int wlan_restart_1_svc(int index, wlan_config_return_code_e *result);
+int wlan_get_ap_scan_num_of_entries_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_ap_scan_result_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_ap_scan_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_ap_auto_channel_select_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_ap_scan_status_1_svc(int index, wlan_config_result_data_t *result);

@@ -159,6 +159,11 @@ inline constexpr Procedure protocol[] = {
     {175, "wlan_set_wps_config_timeout", record<wlan_set_wps_config_timeout_1_argument>(), Result::code},
     {206, "wlan_restart_all", no_arguments, Result::code},
     {207, "wlan_restart", interface_index, Result::code},
+    {217, "wlan_get_ap_scan_num_of_entries", interface_index, Result::unsigned_integer},
+    {218, "wlan_get_ap_scan_result", interface_index, Result::scan_result},
+    {219, "wlan_ap_scan", interface_index, Result::none},
+    {220, "wlan_ap_auto_channel_select", interface_index, Result::none},
+    {223, "wlan_get_ap_scan_status", interface_index, Result::unsigned_integer},
 };
 
 // The row of that name, or nullptr.

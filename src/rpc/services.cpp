@@ -49,6 +49,11 @@ constexpr Service services[] = {
     {175, wlan_set_wps_config_timeout_1_svc},
     {206, wlan_restart_all_1_svc},
     {207, wlan_restart_1_svc},
+    {217, wlan_get_ap_scan_num_of_entries_1_svc},
+    {218, wlan_get_ap_scan_result_1_svc},
+    {219, wlan_ap_scan_1_svc},
+    {220, wlan_ap_auto_channel_select_1_svc},
+    {223, wlan_get_ap_scan_status_1_svc},
 };
 
 // Whether a server procedure's parameters are what its protocol row says.

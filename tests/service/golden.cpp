@@ -59,7 +59,10 @@ std::string read_data(std::istream &line) {
     }
     line.clear();
     line >> mark;
-    return data_reply(code, numbers, read_quoted(line));
+    std::string data = read_quoted(line);
+    if (std::size_t size = 0; line >> size)
+        data.resize(size);
+    return data_reply(code, numbers, data);
 }
 
 std::string rest_of(std::istream &line) {
@@ -83,6 +86,8 @@ void read_expectation(const std::string &keyword, std::istream &line, GoldenCall
         call.wait = std::chrono::milliseconds(code);
     else if (keyword == "out")
         call.out.push_back(rest_of(line));
+    else if (keyword == "later")
+        call.later.push_back(rest_of(line));
     else if (keyword == "err")
         call.err.push_back(rest_of(line));
     else if (keyword == "stored")
@@ -162,7 +167,7 @@ void News::look() {
 
 void News::await(const GoldenCall &call) {
     constexpr std::chrono::milliseconds step(10);
-    const std::size_t expected = call.out.size() + call.err.size() + call.commands.size();
+    const std::size_t expected = call.out.size() + call.later.size() + call.err.size() + call.commands.size();
     look();
     for (auto left = call.wait; left > step && out.size() + err.size() + log.size() < expected;
          left -= step) {

@@ -11,7 +11,7 @@ struct GoldenCall {
     std::vector<std::string> words;    // the same arguments as a command line has them
     std::optional<std::string> reply;  // XDR; none where no reply comes
     std::chrono::milliseconds wait{0}; // for a worker's lines, at the most
-    std::vector<std::string> out, err, settings, commands;
+    std::vector<std::string> out, later, err, settings, commands;
 };
 
 struct GoldenCase {

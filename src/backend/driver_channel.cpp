@@ -118,6 +118,14 @@ Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
 
 Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }
 
+Status report_asked(const char *who, Asked asked) {
+    if (asked == Asked::no_socket)
+        log_error("[ZAV-API] Error %s socket failed", who);
+    else if (asked == Asked::refused)
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
+    return asked == Asked::answered ? success : failure;
+}
+
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags) {
     ifreq request{};
     const Asked asked = ask(SIOCGIFFLAGS, ifname, request.ifr_name, &request);

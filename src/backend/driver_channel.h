@@ -22,6 +22,8 @@ Status ZAV_InterfaceDown(int index);
 
 // Standard requests. What came of them is for the caller to report; errno tells why one was refused.
 enum class Asked { answered, no_socket, refused };
+// Their usual error lines; call it at once, for errno. 0 where the driver answered, else -1.
+Status report_asked(const char *who, Asked asked);
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
 

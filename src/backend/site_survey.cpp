@@ -5,7 +5,6 @@
 #include "backend/log.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <cstring>
 #include <memory>
 #include <mutex>
@@ -53,18 +52,10 @@ Status ZAV_ApSiteSurvey(int index) {
     const auto answer = std::make_unique<SurveyAnswer>(); // zeros
     publish_survey(is_24g, *answer);
     log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, answer->data(), 0);
-    switch (ask_survey(ifname, answer.get())) {
-    case Asked::no_socket:
-        log_error("[ZAV-API] Error %s socket failed", __func__);
-        return failure;
-    case Asked::refused:
-        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
-        return failure;
-    case Asked::answered:
-        break;
-    }
-    publish_survey(is_24g, *answer);
-    return success;
+    const Status asked = report_asked(__func__, ask_survey(ifname, answer.get()));
+    if (asked == success)
+        publish_survey(is_24g, *answer);
+    return asked;
 }
 
 Status ZAV_GetApScanNumOfEntries(int index, unsigned *ret_count) {

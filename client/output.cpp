@@ -194,7 +194,8 @@ void print_record_table(std::span<const Field> fields, const Field &records, std
     Row heading;
     for (const Field &field : records.fields)
         if (field.column)
-            heading.push_back(upper_case(field.name));
+            heading.push_back(upper_case(field.name) +
+                              (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
     std::vector<Row> rows(places_of(fields, records, whole));
     for (std::size_t i = 0; i < rows.size(); i++)
         for (const Field &field : records.fields)

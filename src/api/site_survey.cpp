@@ -72,7 +72,7 @@ void convert_record(const SurveyRecord &from, scan_entry *to) {
     copy_up_to_end(to->text2, from.text2);
     copy_up_to_end(to->text3, from.text3);
     copy_up_to_end(to->text4, from.text4);
-    to->number = from.number;
+    to->number = from.number; // NOLINT(bugprone-signed-char-misuse): it is a number, and signed
     to->byte5 = from.byte5;
 }
 

@@ -48,6 +48,12 @@ TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
     EXPECT_TRUE(ask(scan, on_24g) == accepted && ask(scan, on_5g) == accepted);
     EXPECT_TRUE(ask(scan, on_24g + 7) == refused && ask(scan, on_5g + 7) == refused) << "both are busy";
     EXPECT_EQ(ask(restart_all, 0), word(0));
+    const std::string words = " --port " + std::to_string(gateway.port()) + " get ssid 1";
+    const std::string other_client =
+        "for i in $(seq 30); do " BINARY_DIR "/bin/wlanctl" + words + " || exit; done";
+    Process others[] = {{{"/bin/sh", "-c", other_client}, {}, "/tmp/1.out", "/tmp/1.err"},
+                        {{"/bin/sh", "-c", other_client}, {}, "/tmp/2.out", "/tmp/2.err"},
+                        {{"/bin/sh", "-c", other_client}, {}, "/tmp/3.out", "/tmp/3.err"}};
     int calls = 0;
     for (auto before = begun; before < begun + 1500ms; ++calls) {
         ASSERT_TRUE(ask(scan_status, on_24g) == number(running) &&
@@ -58,6 +64,8 @@ TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
         before = now;
     }
     EXPECT_GT(calls, 50);
+    for (Process &other : others)
+        EXPECT_EQ(other.ended(), 0);
     await_end(on_24g, finished);
     await_end(on_5g, finished);
     EXPECT_LT(Clock::now() - begun, 3500ms) << "at once, not one after the other";

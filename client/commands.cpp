@@ -46,14 +46,6 @@ Error unknown(std::string_view prefix, std::string_view name) {
     return {Trouble::usage, message + (near.empty() ? " (see wlanctl list)" : "?")};
 }
 
-Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure) {
-    const bool whole = name.starts_with(prefix);
-    ret_procedure = find_procedure(whole ? name : prefix + name);
-    if (ret_procedure == nullptr)
-        return unknown(prefix, std::string_view{name}.substr(whole ? prefix.size() : 0));
-    return {};
-}
-
 bool looks_like_interface(std::string_view given) {
     return !given.empty() && given.size() < IF_NAMESIZE &&
            std::isalpha(static_cast<unsigned char>(given[0])) != 0;
@@ -93,6 +85,16 @@ Error check_count(const Procedure &procedure, std::size_t given) {
     return {Trouble::usage, fmt::format("{}, not {}", message, given)};
 }
 
+} // namespace
+
+Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure) {
+    const bool whole = name.starts_with(prefix);
+    ret_procedure = find_procedure(whole ? name : prefix + name);
+    if (ret_procedure == nullptr)
+        return unknown(prefix, std::string_view{name}.substr(whole ? prefix.size() : 0));
+    return {};
+}
+
 // The daemon is asked for interface names only after everything else has been found right.
 Error take_arguments(Connection &connection, const Procedure &procedure,
                      const std::vector<std::string> &given, Values &ret_arguments) {
@@ -117,8 +119,6 @@ Error take_arguments(Connection &connection, const Procedure &procedure,
                 return error;
     return {};
 }
-
-} // namespace
 
 int list(const Context &context, const std::string &word) {
     std::vector<const Procedure *> found;

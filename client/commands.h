@@ -28,5 +28,17 @@ int up(Context &context, const std::string &name);
 int restart(Context &context, const std::string &index);
 int down(Context &context);
 
+// Surveys the radio of the interface, waits for the end and prints the neighbours. After Ctrl-C as `up`.
+int scan(Context &context, const std::string &index);
+int stations(Context &context, const std::string &index);
+int stats(Context &context, const std::string &index);
+
+// Reads the arguments of a call, given as on the command line.
+Error take_arguments(Connection &connection, const Procedure &procedure,
+                     const std::vector<std::string> &given, Values &ret_arguments);
+
+// The procedure `prefix` + `name`, or `name` alone where that is the whole name; the error suggests others.
+Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure);
+
 // Calls the procedure; an error names it.
 Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);

@@ -22,8 +22,9 @@ constexpr char examples[] =
     "  wlanctl set ssid 2 -- \"-- odd --\"          a value with dashes\n"
     "  printf %s \"$name\" | wlanctl set ssid 2 -   a value kept off the command line\n"
     "  wlanctl --json call get_number_of_entries\n\n"
-    "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure; 2 usage; 3 no reply in\n"
-    "time; 4 not registered or unreachable; 5 reply not understood.";
+    "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure or a scan failed; 2 "
+    "usage;\n"
+    "3 no reply in time; 4 not registered or unreachable; 5 reply not understood.";
 
 constexpr double longest_timeout = 86400;
 
@@ -57,6 +58,11 @@ void add_commands(CommandLine &line) {
     add("up", "Load and initialise the driver and wait for it", "RADIOS", "dual (the default), 24 or 5");
     add("restart", "Restart the interfaces of a radio", "INDEX", "of any of its interfaces, or all")
         ->required();
+    add("scan", "Survey the radio of an interface and show its neighbours", "INDEX", "of the interface")
+        ->required();
+    add("stations", "Show the associated stations of a radio", "INDEX", "of any of its interfaces")
+        ->required();
+    add("stats", "Show the counters of an interface", "INDEX", "of the interface")->required();
     line.app.add_subcommand("down", "Stop the driver")->fallthrough();
 }
 
@@ -73,7 +79,8 @@ void set_up(CommandLine &line) {
         ->check(CLI::Range(1, 65535));
     app.add_option("--timeout", connection.timeout, "seconds to wait for a reply (5)");
     app.add_flag("--json", output.json, "print one JSON object, also for an error");
-    app.add_flag("-r,--raw", output.raw, "print the bare value");
+    app.add_flag("-r,--raw", output.raw, "print the bare value, also of a secret");
+    app.add_flag("--show-secrets", output.show_secrets, "print keys, passphrases and PINs");
     add_commands(line);
 }
 
@@ -93,6 +100,13 @@ Error check(const CommandLine &line, const std::vector<std::string> &words) {
     return {};
 }
 
+struct Action {
+    const char *name;
+    int (*run)(Context &context, const std::string &index);
+};
+constexpr Action actions_of_interface[] = {
+    {"restart", restart}, {"scan", scan}, {"stations", stations}, {"stats", stats}};
+
 int run(CommandLine &line, const std::vector<std::string> &given) {
     const std::string command = line.app.get_subcommands().front()->get_name();
     if (command == "call")
@@ -104,8 +118,9 @@ int run(CommandLine &line, const std::vector<std::string> &given) {
                            {Trouble::usage, fmt::format("'{}' is too much", given.front())});
     if (command == "up")
         return up(line.context, line.name.empty() ? "dual" : line.name);
-    if (command == "restart")
-        return restart(line.context, line.name);
+    for (const auto &[name, action] : actions_of_interface)
+        if (command == name)
+            return action(line.context, line.name);
     if (command == "down")
         return down(line.context);
     return command == "list" ? list(line.context, line.name) : describe(line.context, line.name);

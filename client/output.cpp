@@ -1,8 +1,11 @@
 #include "output.h"
 
+#include "fields.h"
 #include "text.h"
 #include "values.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cstdlib>
 #include <cstring>
 #include <fmt/format.h>
@@ -52,6 +55,7 @@ void print_table(const Row &heading, const std::vector<Row> &rows) {
                                                                                   : nullptr};
     if (table == nullptr)
         return print_tabbed(rows);
+    scols_table_enable_noencoding(table.get(), 1); // the texts are escaped already
     for (const std::string &column : heading)
         scols_table_new_column(table.get(), column.c_str(), 0, 0);
     for (const Row &row : rows) {
@@ -120,18 +124,54 @@ bool has_value(const Procedure &procedure) {
     return procedure.result != Result::code && procedure.result != Result::none;
 }
 
-void print_answer_json(const Procedure &procedure, const Answer &answer) {
-    Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
-    if (answer.code >= 0 && has_value(procedure)) {
-        if (is_text(procedure.result))
-            object["value"] = answer.text;
-        else if (answer.numbers.size() == 1)
-            object["value"] = answer.numbers[0];
-        else
-            object["value"] = answer.numbers;
+bool is_masked(const Output &output, const Procedure &procedure) {
+    const bool bare = output.raw && !output.json;
+    return procedure.result == Result::secret_text && !output.show_secrets && !bare;
+}
+
+Json place_json(const Field &field, std::string_view place) {
+    if (field.form == Form::number)
+        return number_in(place);
+    if (field.form == Form::signed_number)
+        return signed_number_in(place);
+    return value_in(field, place);
+}
+
+// Adds the fields to the object. A text that is not UTF-8 stands there in hexadecimal, too.
+void add_fields(Json &object, std::span<const Field> fields, std::string_view whole) {
+    for (const Field &field : fields) {
+        Json values = Json::array();
+        for (std::size_t i = 0; i < places_of(fields, field, whole); i++) {
+            const std::string_view place = place_of(field, i, whole);
+            values.push_back(field.fields.empty() ? place_json(field, place) : Json::object());
+            if (!field.fields.empty())
+                add_fields(values.back(), field.fields, place);
+            else if (const std::string text = value_in(field, place); !is_utf8(text))
+                object[fmt::format("{}_hex", field.name)] = hexadecimal(text);
+        }
+        object[field.name] = field.places == 1 ? values.at(0) : values;
+    }
+}
+
+void add_value(Json &object, const Output &output, const Procedure &procedure, const Answer &answer) {
+    if (is_masked(output, procedure)) {
+        object["value"] = nullptr;
+        object["masked"] = true;
+    } else if (is_text(procedure.result)) {
+        object["value"] = answer.text;
         if (!is_utf8(answer.text))
             object["value_hex"] = hexadecimal(answer.text);
+    } else if (const auto fields = fields_of(procedure.result); !fields.empty()) {
+        add_fields(object["value"] = Json::object(), fields, image_of(answer));
+    } else {
+        object["value"] = answer.numbers.at(0);
     }
+}
+
+void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer) {
+    Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
+    if (answer.code >= 0 && has_value(procedure))
+        add_value(object, output, procedure, answer);
     print_json(object);
 }
 
@@ -143,15 +183,58 @@ std::string_view setting_name(std::string_view procedure) {
     return procedure;
 }
 
+std::string upper_case(std::string_view text) {
+    std::string upper{text};
+    std::transform(upper.begin(), upper.end(), upper.begin(),
+                   [](unsigned char c) { return std::toupper(c); });
+    return upper;
+}
+
+void print_record_table(std::span<const Field> fields, const Field &records, std::string_view whole) {
+    Row heading;
+    for (const Field &field : records.fields)
+        if (field.column)
+            heading.push_back(upper_case(field.name) +
+                              (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+    std::vector<Row> rows(places_of(fields, records, whole));
+    for (std::size_t i = 0; i < rows.size(); i++)
+        for (const Field &field : records.fields)
+            if (field.column)
+                rows[i].push_back(
+                    shown_on(stdout, value_in(field, place_of(field, 0, place_of(records, i, whole)))));
+    print_table(heading, rows);
+}
+
+void print_line(const Output &output, std::string_view name, const std::string &value) {
+    const std::string line = output.raw ? value + '\n' : fmt::format("{}: {}\n", emphasis(name), value);
+    std::fwrite(line.data(), 1, line.size(), stdout); // a failure shows when it is flushed
+}
+
+void print_fields(const Output &output, std::span<const Field> fields, std::string_view whole) {
+    const bool counted = fields.back().form == Form::table;
+    for (const Field &field : counted ? fields.subspan(1) : fields) {
+        if (!field.fields.empty()) {
+            print_record_table(fields, field, whole);
+            continue;
+        }
+        Row values;
+        for (std::size_t i = 0; i < field.places; i++)
+            values.push_back(shown_on(stdout, value_in(field, place_of(field, i, whole))));
+        const bool unit = !output.raw && *field.unit != '\0';
+        print_line(output, field.name,
+                   fmt::format("{}{}{}", fmt::join(values, " "), unit ? " " : "", unit ? field.unit : ""));
+    }
+}
+
 void print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
-    const bool text = is_text(procedure.result);
-    std::string value = text ? answer.text : fmt::format("{}", fmt::join(answer.numbers, " "));
-    if (!output.raw || is_terminal(stdout))
+    if (const auto fields = fields_of(procedure.result); !fields.empty())
+        return print_fields(output, fields, image_of(answer));
+    std::string value = is_text(procedure.result) ? answer.text : fmt::format("{}", answer.numbers.at(0));
+    if (is_masked(output, procedure))
+        value = "(hidden: --show-secrets shows it)";
+    else if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
-    if (!output.raw)
-        value = fmt::format("{}: {}", emphasis(setting_name(procedure.name)), value);
-    value += '\n';
-    std::fwrite(value.data(), 1, value.size(), stdout); // a failure shows when it is flushed
+    print_line(output, setting_name(procedure.name), value);
 }
 
 } // namespace
@@ -182,7 +265,7 @@ void print_procedure(const Output &output, const Procedure &procedure) {
 
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer) {
     if (output.json)
-        print_answer_json(procedure, answer);
+        print_answer_json(output, procedure, answer);
     else if (answer.code < 0)
         fmt::print(stderr, "wlanctl: {}: the daemon answered failure ({})\n", procedure.name, answer.code);
     else if (has_value(procedure))
@@ -192,10 +275,22 @@ int print_answer(const Output &output, const Procedure &procedure, const Answer 
     return answer.code < 0 ? 1 : 0;
 }
 
+int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers) {
+    Json value = Json::object();
+    for (const auto &[procedure, answer] : answers)
+        if (output.json)
+            add_fields(value, fields_of(procedure->result), image_of(answer));
+        else
+            print_value(output, *procedure, answer);
+    if (output.json)
+        print_json({{"status", status_name(0)}, {"code", 0}, {"value", value}});
+    return 0;
+}
+
 int print_error(const Output &output, const Error &error) {
     const int status = static_cast<int>(error.trouble);
     if (output.json) {
-        const char *kinds[] = {"", "", "usage", "timeout", "unreachable", "protocol"};
+        const char *kinds[] = {"", "failed", "usage", "timeout", "unreachable", "protocol"};
         print_json({{"error", {{"kind", kinds[status]}, {"message", error.message}}}});
     } else {
         fmt::print(stderr, "wlanctl: {}\n", shown_on(stderr, error.message));

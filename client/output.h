@@ -4,17 +4,21 @@
 #include "error.h"
 #include "rpc/protocol.h"
 
+#include <utility>
 #include <vector>
 
 // How wlanctl speaks: in lines for people, with --json in one object a command, with --raw in bare values.
 struct Output {
     bool json = false;
     bool raw = false;
+    bool show_secrets = false; // else only --raw shows them
 };
 
 void print_procedures(const Output &output, const std::vector<const Procedure *> &procedures);
 void print_procedure(const Output &output, const Procedure &procedure);
 
-// Both return the exit status.
+// All return the exit status.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer);
+// Records that belong together, as one; none of the answers is a failure.
+int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers);
 int print_error(const Output &output, const Error &error);

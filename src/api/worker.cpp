@@ -2,6 +2,7 @@
 
 #include "backend/log.h"
 
+#include <cerrno>
 #include <cstring>
 
 #ifdef __has_feature
@@ -29,5 +30,6 @@ bool start_worker(const char *who, pthread_t *ret_thread, void *(*body)(void *),
     pthread_attr_destroy(&attributes);
     if (error != 0)
         log_error("[ZAV-API] Error %s thread creation failed %s (%d).\n", who, strerror(error), error);
+    errno = error;
     return error == 0;
 }

@@ -1,7 +1,7 @@
 #pragma once
 
-// Starts a detached thread on a small stack; `who` is named in the error line when the system refuses. The
-// handle is kept for whoever looks with a debugger.
+// Starts a detached thread on a small stack; `who` is named in the error line when the system refuses, and
+// errno says why. The handle is kept for whoever looks with a debugger.
 
 #include <pthread.h>
 

@@ -164,7 +164,8 @@ Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
     int rate = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
         return failure;
-    if (report_asked(__func__, ask_bit_rate(ifname, &rate)) != success)
+    if (report_asked(__func__, ask_bit_rate(ifname, &rate), "[ZAV-API] Error %s ioctl sock failed!\n") !=
+        success)
         return failure;
     std::snprintf(ret_rate.data(), ret_rate.size(), "%i", rate / 1000000);
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_rate.data());

@@ -21,6 +21,7 @@
 namespace {
 
 constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
+constexpr unsigned long survey_request = SIOCIWFIRSTPRIV + 12;
 constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
 constexpr unsigned long wps_device_request = SIOCIWFIRSTPRIV + 18;
 constexpr unsigned long wps_reset_request = SIOCIWFIRSTPRIV + 25;
@@ -119,6 +120,14 @@ Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
 
 Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }
 
+Status report_asked(const char *who, Asked asked, Line<const char *> no_socket) {
+    if (asked == Asked::no_socket)
+        log_error(no_socket.text, who);
+    else if (asked == Asked::refused)
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
+    return asked == Asked::answered ? success : failure;
+}
+
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags) {
     ifreq request{};
     const Asked asked = ask(SIOCGIFFLAGS, ifname, request.ifr_name, &request);
@@ -133,14 +142,6 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
     return asked;
 }
 
-Status report_asked(const char *who, Asked asked) {
-    if (asked == Asked::no_socket)
-        log_error("[ZAV-API] Error %s ioctl sock failed!\n", who);
-    if (asked == Asked::refused)
-        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
-    return asked == Asked::answered ? success : failure;
-}
-
 Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer) {
     // More than the driver is known to write: it is not told how much room there is.
     const auto buffer = std::make_unique<char[]>(longest_answer + 1);
@@ -153,4 +154,9 @@ Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer) {
 Asked reset_wps(const InterfaceName &ifname) {
     iwreq request{};
     return ask(wps_reset_request, ifname, request.ifr_ifrn.ifrn_name, &request);
+}
+
+Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer) {
+    iwreq request = make_request(ifname, ret_answer->data(), 0);
+    return ask(survey_request, ifname, request.ifr_ifrn.ifrn_name, &request);
 }

@@ -1,8 +1,10 @@
 #pragma once
 
 #include "backend/interfaces.h"
+#include "backend/line.h"
 #include "backend/status.h"
 
+#include <array>
 #include <span>
 
 // The only place that issues driver requests. Each opens a socket of its own and closes it.
@@ -21,14 +23,18 @@ Status ZAV_InterfaceDown(int index);
 
 // Standard requests. What came of them is for the caller to report; errno tells why one was refused.
 enum class Asked { answered, no_socket, refused };
+// Writes the error line that is due; call it at once, for errno. 0 where the driver answered, else -1.
+Status report_asked(const char *who, Asked asked,
+                    Line<const char *> no_socket = "[ZAV-API] Error %s socket failed");
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
-
-// Turns what came of them into a result; an error line names `who`.
-Status report_asked(const char *who, Asked asked);
 
 // The driver's words about the device, cut at the buffer and terminated; no answer has more room than this.
 constexpr std::size_t wps_device_room = 501;
 Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer);
 // Puts the radio's WPS back into its state out of the box.
 Asked reset_wps(const InterfaceName &ifname);
+
+// A site survey: the driver scans within the call, which takes seconds. The buffer holds zeros before.
+using SurveyAnswer = std::array<char, 8232>;
+Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer);

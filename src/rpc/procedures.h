@@ -125,6 +125,11 @@ int wlan_get_radius_reauth_interval_1_svc(int index, wlan_config_result_data_t *
 int wlan_set_radius_reauth_interval_1_svc(int index, int value, wlan_config_return_code_e *result);
 int wlan_restart_all_1_svc(wlan_config_return_code_e *result);
 int wlan_restart_1_svc(int index, wlan_config_return_code_e *result);
+int wlan_get_ap_scan_num_of_entries_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_ap_scan_result_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_ap_scan_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_ap_auto_channel_select_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_ap_scan_status_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_acct_server_address_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_acct_server_address_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_acct_server_port_1_svc(int index, wlan_config_result_data_t *result);

@@ -331,7 +331,8 @@ Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {
         return failure;
     }
     std::array<char, wps_device_room> answer{};
-    if (report_asked(__func__, ask_wps_device(radio.ifname, answer)) != success)
+    if (report_asked(__func__, ask_wps_device(radio.ifname, answer),
+                     "[ZAV-API] Error %s ioctl sock failed!\n") != success)
         return failure;
     std::string_view rest = answer.data(), word;
     for (int i = 0; i < 7; ++i)

@@ -59,7 +59,10 @@ std::string read_data(std::istream &line) {
     }
     line.clear();
     line >> mark;
-    return data_reply(code, numbers, read_quoted(line));
+    std::string data = read_quoted(line);
+    if (std::size_t size = 0; line >> size)
+        data.resize(size);
+    return data_reply(code, numbers, data);
 }
 
 std::string rest_of(std::istream &line) {
@@ -83,6 +86,8 @@ void read_expectation(const std::string &keyword, std::istream &line, GoldenCall
         call.wait = std::chrono::milliseconds(code);
     else if (keyword == "out")
         call.out.push_back(rest_of(line));
+    else if (keyword == "later")
+        call.later.push_back(rest_of(line));
     else if (keyword == "err")
         call.err.push_back(rest_of(line));
     else if (keyword == "stored")
@@ -144,13 +149,19 @@ std::vector<GoldenCase> read_golden(const std::string &path) {
     return cases;
 }
 
+// The files of the case: those that are faults, or all others.
+static void give(const GoldenCase &golden, bool faults) {
+    for (const auto &[file, content] : golden.given)
+        if (file.starts_with("faults/") == faults)
+            write_file(std::string(Gateway::directory) + "/" + file, content);
+}
+
 void prepare(const GoldenCase &golden) {
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
         throw std::runtime_error("sim/setup failed");
     std::filesystem::remove("/tmp/nvram_set_lock");
     write_file("/tmp/ZAV750vlan.dat", read_file(SOURCE_DIR "/sim/factory/ZAV750vlan.dat"));
-    for (const auto &[file, content] : golden.given)
-        write_file(std::string(Gateway::directory) + "/" + file, content);
+    give(golden, false);
 }
 
 Played::Played(Gateway &gateway, const GoldenCase &golden) : gateway_(gateway), running_(golden.running) {
@@ -159,6 +170,7 @@ Played::Played(Gateway &gateway, const GoldenCase &golden) : gateway_(gateway), 
     std::filesystem::remove("/tmp/wlandbg");
     if (running_)
         start_driver(gateway);
+    give(golden, true);      // not before: they are faults of the case, not of its beginning
     gateway.call(count, ""); // a case does not begin with looking that up
 }
 
@@ -189,7 +201,7 @@ void News::look() {
 
 void News::await(const GoldenCall &call) {
     constexpr std::chrono::milliseconds step(10);
-    const std::size_t expected = call.out.size() + call.err.size() + call.commands.size();
+    const std::size_t expected = call.out.size() + call.later.size() + call.err.size() + call.commands.size();
     look();
     for (auto left = call.wait; left > step && out.size() + err.size() + log.size() < expected;
          left -= step) {

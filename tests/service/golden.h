@@ -13,7 +13,7 @@ struct GoldenCall {
     std::vector<std::string> words;    // the same arguments as a command line has them
     std::optional<std::string> reply;  // XDR; none where no reply comes
     std::chrono::milliseconds wait{0}; // for a worker's lines, at the most
-    std::vector<std::string> out, err, settings, commands;
+    std::vector<std::string> out, later, err, settings, commands;
 };
 
 struct GoldenCase {
@@ -28,7 +28,7 @@ inline void PrintTo(const GoldenCase &golden, std::ostream *stream) { *stream <<
 
 std::vector<GoldenCase> read_golden(const std::string &path);
 
-// Settings files, faults and logs as a fresh gateway has them, then what the case gives.
+// Settings files, faults and logs as a fresh gateway has them, then what the case gives but its faults.
 void prepare(const GoldenCase &golden);
 
 // A case while it is played: prepared, with its driver running where it says so, and BSSes counted.

@@ -1,0 +1,85 @@
+#include "backend/site_survey.h"
+
+#include "backend/interfaces.h"
+#include "backend/lifecycle.h"
+#include "backend/log.h"
+
+#include <algorithm>
+#include <cstring>
+#include <memory>
+#include <mutex>
+
+namespace {
+
+std::mutex survey_mutex;
+SurveyBlock survey_24g, survey_5g; // under the mutex
+
+SurveyBlock &block_of(bool is_24g) { return is_24g ? survey_24g : survey_5g; }
+
+Status check_running(const char *who, int index) {
+    log_debug("[ZAV-API] %s entry (index=%d).\n", who, index);
+    if (isIndexValid(index) != success)
+        return failure;
+    if (driver_initialised)
+        return success;
+    log_debug("[ZAV-API] %s The driver is not initialized\n", who);
+    return failure;
+}
+
+Status find_block(const char *who, int index, const SurveyBlock **ret_block) {
+    InterfaceName ifname;
+    if (check_running(who, index) != success || GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+        return failure;
+    *ret_block = &block_of(is_24g_name(ifname.data()));
+    return success;
+}
+
+} // namespace
+
+void publish_survey(bool is_24g, const SurveyAnswer &answer) {
+    static_assert(sizeof(SurveyAnswer) >= sizeof(SurveyBlock));
+    const std::lock_guard held(survey_mutex);
+    SurveyBlock &block = block_of(is_24g);
+    std::memcpy(&block, answer.data(), sizeof block);
+    block.count = static_cast<unsigned char>(std::min<unsigned>(block.count, most_neighbours));
+}
+
+Status ZAV_ApSiteSurvey(int index) {
+    InterfaceName ifname;
+    if (ZAV_getIfNameByIndex(index, &ifname) != success)
+        return failure;
+    const bool is_24g = ZAV_is24g(ifname.data()) == 1;
+    const auto answer = std::make_unique<SurveyAnswer>(); // zeros
+    publish_survey(is_24g, *answer);
+    log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, answer->data(), 0);
+    const Status asked = report_asked(__func__, ask_survey(ifname, answer.get()));
+    if (asked == success)
+        publish_survey(is_24g, *answer);
+    return asked;
+}
+
+Status ZAV_GetApScanNumOfEntries(int index, unsigned *ret_count) {
+    const SurveyBlock *block = nullptr;
+    if (find_block(__func__, index, &block) != success)
+        return failure;
+    const std::lock_guard held(survey_mutex);
+    *ret_count = block->count;
+    return success;
+}
+
+Status ZAV_GetApScanResult(int index, SurveyBlock *ret_block) {
+    const SurveyBlock *block = nullptr;
+    if (find_block(__func__, index, &block) != success)
+        return failure;
+    const std::lock_guard held(survey_mutex);
+    *ret_block = *block;
+    return success;
+}
+
+Status ZAV_ApAutoChannelSelect(int index) {
+    unsigned first = 0, last = 0;
+    if (check_running(__func__, index) != success ||
+        ZAV_GetNumberOfEntriesPerInf(&first, &last, index) != success)
+        return failure;
+    return ZAV_Set(static_cast<int>(first), "AutoChannelSel=2");
+}

@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <tuple>
 
-// The records that operations fill and clients receive. They travel as their memory image, so their layout is the
-// wire format. `fields()` names a record's items in wire order; items in a tuple of their own are a run of 32-bit
-// words, which is coded in one piece.
+// The records that operations fill and clients receive. They travel as their memory image, so their layout is
+// the wire format. `fields()` names a record's items in wire order; items in a tuple of their own are a run
+// of 32-bit words, which is coded in one piece.
 
 struct wlan_basicStats_t {
     unsigned bytes_sent, bytes_received, packets_sent, packets_received, associations;

@@ -42,12 +42,17 @@ void log_entry_with(const char *who, int index, const Line<Values...> &line,
     log_checked_after(who, rest.data(), line.text, values...);
 }
 
+// For operations that say nothing of a success.
+inline Status report_failure(const char *who, Status result) {
+    if (result == failure)
+        log_error("[ZAV-API] Error %s failed !!!\n", who);
+    return result;
+}
+
 template <class... Values>
 Status report_line(const char *who, Status result, const Line<Values...> &line,
                    std::type_identity_t<Values>... values) {
-    if (result == failure)
-        log_error("[ZAV-API] Error %s failed !!!\n", who);
-    else
+    if (report_failure(who, result) != failure)
         log_checked_after(who, " ", line.text, values...);
     return result;
 }

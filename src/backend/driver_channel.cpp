@@ -7,6 +7,7 @@
 #include "backend/shell.h"
 #include "backend/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -22,6 +23,9 @@ namespace {
 
 constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
 constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
+
+// Room for the longest answer to a private request, the table of stations.
+constexpr std::size_t private_room = 9104;
 
 // The request's length field has 16 bits, so no answer is longer than this.
 constexpr std::size_t longest_answer = std::numeric_limits<__u16>::max();
@@ -129,4 +133,26 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
     const Asked asked = ask(SIOCGIWRATE, ifname, request.ifr_ifrn.ifrn_name, &request);
     *ret_bits_a_second = request.u.bitrate.value;
     return asked;
+}
+
+Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
+                   std::span<std::byte> ret_answer) {
+    const std::size_t text_length = std::strlen(command.text) + 1;
+    const std::size_t length = std::max(command.announced_length, text_length);
+    if (std::max(length, ret_answer.size()) > private_room)
+        return failure;
+    const Descriptor channel = open_channel(who);
+    if (!channel.valid())
+        return failure;
+    const auto buffer = std::make_unique<char[]>(private_room); // zeroed, and too large for a worker's stack
+    std::memcpy(buffer.get(), command.text, text_length);
+    if (command.shown)
+        log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", who, buffer.get(), static_cast<int>(length));
+    iwreq request = make_request(ifname, buffer.get(), length);
+    if (ioctl(channel.get(), SIOCIWFIRSTPRIV + static_cast<unsigned>(command.request), &request) < 0) {
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
+        return failure;
+    }
+    std::copy_n(reinterpret_cast<const std::byte *>(buffer.get()), ret_answer.size(), ret_answer.data());
+    return success;
 }

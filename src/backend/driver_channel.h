@@ -3,6 +3,7 @@
 #include "backend/interfaces.h"
 #include "backend/status.h"
 
+#include <cstddef>
 #include <span>
 
 // The only place that issues driver requests. Each opens a socket of its own and closes it.
@@ -23,3 +24,19 @@ Status ZAV_InterfaceDown(int index);
 enum class Asked { answered, no_socket, refused };
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
+
+// Requests whose command and answer share a buffer, by their distance from the first private one.
+enum class PrivateRequest : unsigned char { statistics = 6, stations = 15, show = 17 };
+
+struct PrivateCommand {
+    PrivateRequest request;
+    const char *text;
+    std::size_t announced_length = 0; // to the driver; 0: that of the text with its terminator
+    bool shown = true;                // with a debug line
+};
+
+// Sends the command and copies out as much of the answer as is asked for; what the driver did not write of
+// its first 9104 bytes is zero, but for the command's own text. -1 with an error line that names `who`, and
+// nothing copied.
+Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
+                   std::span<std::byte> ret_answer);

@@ -52,12 +52,16 @@ int wait_for(pid_t child) {
     return status;
 }
 
+int run(const char *command) {
+    const pid_t child = start_shell(command, STDOUT_FILENO);
+    return child < 0 ? -1 : wait_for(child);
+}
+
 } // namespace
 
 Status run_command(const char *who, const char *command) {
     log_debug("[ZAV-API] %s command=%s\n", who, command);
-    const pid_t child = start_shell(command, STDOUT_FILENO);
-    const int rc = child < 0 ? -1 : wait_for(child);
+    const int rc = run(command);
     if (rc == -1)
         return failure;
     // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.
@@ -92,4 +96,10 @@ Status read_command(const char *command, const std::function<void(std::string_vi
         begins = piece.at(length) == '\n';
     }
     return wait_for(child) == -1 ? failure : success;
+}
+
+Status run_unchecked(const char *command) {
+    constexpr int program_not_found = 127;
+    const int rc = run(command);
+    return rc == -1 || WEXITSTATUS(rc) == program_not_found ? failure : success;
 }

@@ -15,3 +15,7 @@ Status run_command(const char *who, const char *command);
 // Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
 // only when the shell could not be started: the exit status is not looked at.
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);
+
+// Runs `command` without a word about it. -1 only when the shell could not be started or did not find a
+// program (exit status 127).
+Status run_unchecked(const char *command);

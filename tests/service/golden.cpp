@@ -59,7 +59,13 @@ std::string read_data(std::istream &line) {
     }
     line.clear();
     line >> mark;
-    return data_reply(code, numbers, read_quoted(line));
+    std::string bytes = read_quoted(line), keyword;
+    std::size_t zeros = 0;
+    if (line >> keyword >> zeros && keyword == "zeros")
+        bytes.append(zeros, '\0');
+    else if (!keyword.empty())
+        throw std::runtime_error("no such end of a reply: " + keyword);
+    return data_reply(code, numbers, bytes);
 }
 
 std::string rest_of(std::istream &line) {

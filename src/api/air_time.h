@@ -11,14 +11,15 @@
 Status wlan_setAirTimeBssWeight(int index, int weight);
 Status wlan_getBssWeight(int index, unsigned *ret_weight);
 
-// The weight in percent that each station has; the address does not matter. 0 with the failure that there is none.
+// The weight in percent that each station has; the address does not matter. 0 with the failure that there is
+// none.
 Status wlan_getStaWeight(int index, const char *mac, unsigned *ret_weight);
 // Not on this platform: always -1.
 Status wlan_setAirTimeStaWeight(int index, const char *mac, int weight);
 Status wlan_delAirTimeStaByMac(int index, const char *mac);
 
-// Counters of a station, by its place among those of the BSS, from 0: in a group (0 to 7) the two of set A and the
-// two of set B; in a queue (0 to 7) the frames of the four planes. Not written on failure.
+// Counters of a station, by its place among those of the BSS, from 0: in a group (0 to 7) the two of set A
+// and the two of set B; in a queue (0 to 7) the frames of the four planes. Not written on failure.
 using FourWords = std::array<unsigned, 4>;
 Status wlan_getAirTimeStats(int index, int station, int group, FourWords *ret_counters);
 Status wlan_getFramesInQueueData(int index, int station, int queue, FourWords *ret_counters);

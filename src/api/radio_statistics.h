@@ -5,8 +5,8 @@
 
 #include <cstdint>
 
-// What the driver counts for each radio. Each says nothing but one error line when it fails, with -1 and nothing
-// written.
+// What the driver counts for each radio. Each says nothing but one error line when it fails, with -1 and
+// nothing written.
 
 Status wlan_getChannelStatistics(int index, unsigned *ret_1, unsigned *ret_2, unsigned *ret_3);
 Status wlan_getChannelNoiseFloor(int index, int *ret_1, int *ret_2, int *ret_3, int *ret_4);

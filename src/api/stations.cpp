@@ -87,8 +87,9 @@ Status get_basic_stats(int index, wlan_basicStats_t *ret_stats) {
     return ZAV_GetAssocDevicesNum(index, &ret_stats->associations);
 }
 
-constexpr Line<int, int, int, int, int> basic_stats_line{"wlan basic stats: BytesSent:%d ,ByteReceived:%d "
-                                                         ",PacketsSent:%d ,PacketsReceived:%d ,Associations:%d.\n"};
+constexpr Line<int, int, int, int, int> basic_stats_line{
+    "wlan basic stats: BytesSent:%d ,ByteReceived:%d "
+    ",PacketsSent:%d ,PacketsReceived:%d ,Associations:%d.\n"};
 
 constexpr Line<int, int, int, int, int, int, int, int, int, int, int> stats_line{
     "wlan stats:\nUnicast Tx packets:%d\nUnicast Rx packets:%d\nTx error count:%d\nRx error count:%d\n"

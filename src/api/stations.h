@@ -4,15 +4,15 @@
 #include "backend/stations.h"
 #include "backend/status.h"
 
-// Associated stations and traffic counters, in the records of the protocol. What an operation does not fill stays
-// as it was. -1 when the driver is not initialised or does not answer, or the index has no BSS.
+// Associated stations and traffic counters, in the records of the protocol. What an operation does not fill
+// stays as it was. -1 when the driver is not initialised or does not answer, or the index has no BSS.
 
 Status wlan_getAssocDevicesNum(int index, unsigned *ret_count);
 // Stations of the whole radio.
 Status wlan_getAssocDevicesTableNumOfEntries(int index, unsigned *ret_count);
 
-// The station-th of the BSS, from 0: everything but byte_value, int_value1, int_value2 and name_field. Both are the
-// same but for their name in the log.
+// The station-th of the BSS, from 0: everything but byte_value, int_value1, int_value2 and name_field. Both
+// are the same but for their name in the log.
 Status wlan_getAssocDevice(int index, int station, wlan_device_t *ret_device);
 Status wlan_get(int index, int station, wlan_device_t *ret_device);
 

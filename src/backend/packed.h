@@ -5,7 +5,8 @@
 #include <bit>
 #include <cstring>
 
-// A number of a driver's record: little-endian, at any address. A record made of bytes and of these has no padding.
+// A number of a driver's record: little-endian, at any address. A record made of bytes and of these has no
+// padding.
 template <class Number>
 struct Packed {
     std::array<unsigned char, sizeof(Number)> bytes;

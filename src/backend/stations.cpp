@@ -69,11 +69,21 @@ struct CounterWord {
     std::size_t place;
 };
 constexpr CounterWord counter_words[] = {
-    {"Unicast_Tx_packets=", 2},   {"Unicast_Rx_packets=", 3},   {"", 0},
-    {"", 0},                      {"Tx_error_count=", 0},       {"Rx_error_count=", 1},
-    {"Tx_drop_count=", 4},        {"Rx_drop_count=", 5},        {"Multicast_Tx_packets=", 6},
-    {"Multicast_Rx_packets=", 7}, {"Broadcast_Tx_packets=", 8}, {"Broadcast_Rx_packets=", 9},
-    {"Unknown_protocol_packets=", 10}, {"", 0},                 {"", 0},
+    {"Unicast_Tx_packets=", 2},
+    {"Unicast_Rx_packets=", 3},
+    {"", 0},
+    {"", 0},
+    {"Tx_error_count=", 0},
+    {"Rx_error_count=", 1},
+    {"Tx_drop_count=", 4},
+    {"Rx_drop_count=", 5},
+    {"Multicast_Tx_packets=", 6},
+    {"Multicast_Rx_packets=", 7},
+    {"Broadcast_Tx_packets=", 8},
+    {"Broadcast_Rx_packets=", 9},
+    {"Unknown_protocol_packets=", 10},
+    {"", 0},
+    {"", 0},
 };
 
 constexpr char blanks[] = " \t\n\v\f\r";
@@ -148,7 +158,8 @@ Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value) {
     std::snprintf(command.data(), command.size(),
                   "iwpriv %s show stat | sed -n '/IF-ra%d -/,/ra%d end /p'| awk -F ' = ' -v KEY=\"%s\" "
                   "'($1 == KEY) {print($2);}' > /tmp/%s",
-                  ifname.data(), static_cast<int>(bss) - 1, static_cast<int>(bss) - 1, stat->label, stat->file);
+                  ifname.data(), static_cast<int>(bss) - 1, static_cast<int>(bss) - 1, stat->label,
+                  stat->file);
     log_debug("[ZAV-API] %s command=%s.\n", __func__, command.data());
     std::array<char, 32> path;
     std::snprintf(path.data(), path.size(), "/tmp/%s", stat->file);
@@ -169,7 +180,8 @@ Status parse_packet_counters(const char *who, const char *answer, PacketCounters
         next += std::strcspn(next, blanks);
     }
     if (found < words.size()) {
-        log_debug("[ZAV-API] %s pkt_counters, not enough params returned %i.\n", who, static_cast<int>(found));
+        log_debug("[ZAV-API] %s pkt_counters, not enough params returned %i.\n", who,
+                  static_cast<int>(found));
         return failure;
     }
     for (std::size_t i = 0; i < words.size(); ++i) {

@@ -7,7 +7,8 @@
 #include <cstddef>
 #include <cstdint>
 
-// The associated stations as the driver tells them, and the traffic counters of a BSS. All of it is asked afresh.
+// The associated stations as the driver tells them, and the traffic counters of a BSS. All of it is asked
+// afresh.
 
 // One station. Everything but the BSS, the address, the driver's number and the rate is passed on as it is.
 struct StationRecord {
@@ -52,8 +53,8 @@ static_assert(sizeof(StationTable) == 9104 && offsetof(StationTable, stations) =
 
 constexpr unsigned highest_driver_number = 31;
 
-// Stations of the BSS of `index`. -1 before the driver is initialised, for an index without a BSS, and when the
-// driver does not answer or claims more stations than its table holds.
+// Stations of the BSS of `index`. -1 before the driver is initialised, for an index without a BSS, and when
+// the driver does not answer or claims more stations than its table holds.
 Status ZAV_GetAssocDevicesNum(int index, unsigned *ret_count);
 // The device_number-th of them, from 0; -1 with an error line when there are fewer.
 Status ZAV_GetAssocDevice(int index, int device_number, StationRecord *ret_station);
@@ -69,8 +70,8 @@ void ZAV_EquivalentRssiCalc(int rssi1, int rssi2, int rssi3, int *ret_rssi);
 // "wlan_totalPacketsSent" or "wlan_totalPacketsReceived". -1 also for any other key, with an error line.
 Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value);
 
-// Sent and received by turns: errors, unicast packets, drops, multicast packets, broadcast packets; then packets
-// of an unknown protocol, received.
+// Sent and received by turns: errors, unicast packets, drops, multicast packets, broadcast packets; then
+// packets of an unknown protocol, received.
 using PacketCounters = std::array<int, 11>;
 // -1 when the driver does not answer with these counters; some may have been written then.
 Status ZAV_GetStats(int index, PacketCounters *ret_counters);

@@ -60,8 +60,7 @@ int wlan_get_assoc_devices_table_1_svc(int index, wlan_config_result_data_t *res
     say(__func__, Line<int>("[index %d]\n"), index);
     const auto table = std::make_unique<wlan_assoc_devices_table>();
     const Status status = wlan_getAssocDevicesTable(index, table.get());
-    return reply_record(__func__, status, *table, result,
-                        "result->return_data.return_data_len = %d \n");
+    return reply_record(__func__, status, *table, result, "result->return_data.return_data_len = %d \n");
 }
 
 int wlan_get_assoc_devices_table_num_of_entries_1_svc(int index, wlan_config_result_data_t *result) {

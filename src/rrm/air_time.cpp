@@ -106,9 +106,8 @@ Status keep_weights(const char *who, const char *stored, const MacBytes &without
         MacBytes mac{};
         unsigned weight = 0;
         int length = 0;
-        const int fields =
-            std::sscanf(next, "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx,%u;%n", &mac[0], &mac[1], &mac[2], &mac[3],
-                        &mac[4], &mac[5], &weight, &length);
+        const int fields = std::sscanf(next, "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx,%u;%n", &mac[0], &mac[1],
+                                       &mac[2], &mac[3], &mac[4], &mac[5], &weight, &length);
         if (fields < 1 || (fields == 7 && length == 0))
             return success;
         if (fields != 7) {
@@ -211,8 +210,9 @@ Status ZAV_GetStaWeight(int index, const char *, unsigned *ret_weight) {
 }
 
 Status ZAV_SetAirTimeStaWeight(int, const char *, int) {
-    log_error("[ZAV-API] Error %s An error has been occurred: there no STA weight selection for this platform!\n",
-              __func__);
+    log_error(
+        "[ZAV-API] Error %s An error has been occurred: there no STA weight selection for this platform!\n",
+        __func__);
     return failure;
 }
 

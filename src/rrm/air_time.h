@@ -29,12 +29,12 @@ static_assert(sizeof(QueueBlock) == 4096);
 
 constexpr std::size_t rate_block_size = 976;
 
-// Sends a command that has no answer, by the request 0x8BF1 when `kind` is 1, else by 0x8BE6. -1 before the driver
-// is initialised.
+// Sends a command that has no answer, by the request 0x8BF1 when `kind` is 1, else by 0x8BE6. -1 before the
+// driver is initialised.
 Status SetDriverDataOnTheFly(const char *command, const InterfaceName &ifname, int kind);
 
-// The weight of a BSS in percent, 0 to 100, told to the driver and stored. What the driver says to it does not
-// matter; -1 when nothing was written, so also for the weight that is stored already.
+// The weight of a BSS in percent, 0 to 100, told to the driver and stored. What the driver says to it does
+// not matter; -1 when nothing was written, so also for the weight that is stored already.
 Status ZAV_SetBssWeight(int index, int weight);
 Status ZAV_SetBssWeightsToNvram(int index, int weight); // the second half, 2 when it was stored already
 Status ZAV_GetBssWeight(int index, unsigned *ret_weight);
@@ -44,8 +44,8 @@ Status ZAV_GetStaWeight(int index, const char *mac, unsigned *ret_weight);
 // Not on this platform: always -1.
 Status ZAV_SetAirTimeStaWeight(int index, const char *mac, int weight);
 Status ZAV_DelAirTimeStaByMac(int index, const char *mac);
-// For platforms with weights of stations: tells the driver, if the station is there, and stores the weight (0 to
-// 100) or removes it (-1).
+// For platforms with weights of stations: tells the driver, if the station is there, and stores the weight (0
+// to 100) or removes it (-1).
 Status zavChangeOrRemoveStaWeight(int index, const char *mac, int weight);
 
 // The driver's number, 0 to 31, of a station by its place among those of the BSS, from 0, or by its address.
@@ -53,8 +53,8 @@ Status zavChangeOrRemoveStaWeight(int index, const char *mac, int weight);
 Status ZAV_GetZavinoStaIndexByStaIndex(int index, int station, unsigned *ret_number);
 Status ZAV_GetZavinoStaIndexByMac(int index, const char *mac, unsigned *ret_number);
 
-// -1 before the driver is initialised, for an index without a BSS and when the driver does not answer; nothing is
-// written then. The blocks take kilobytes.
+// -1 before the driver is initialised, for an index without a BSS and when the driver does not answer;
+// nothing is written then. The blocks take kilobytes.
 Status ZAV_GetAirTimeStats(int index, AirTimeBlock *ret_block);
 Status ZAV_GetFramesInQueueData(int index, QueueBlock *ret_block);
 // Of a station from 0 to 15.

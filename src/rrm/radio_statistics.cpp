@@ -26,8 +26,8 @@ struct RadioStatistics {
 static_assert(sizeof(RadioStatistics) == 344 && offsetof(RadioStatistics, noise) == 12 &&
               offsetof(RadioStatistics, packets_sent) == 24 &&
               offsetof(RadioStatistics, packets_received) == 32 &&
-              offsetof(RadioStatistics, retransmission_metric) == 40 && offsetof(RadioStatistics, rssi) == 44 &&
-              offsetof(RadioStatistics, noise4) == 340);
+              offsetof(RadioStatistics, retransmission_metric) == 40 &&
+              offsetof(RadioStatistics, rssi) == 44 && offsetof(RadioStatistics, noise4) == 340);
 
 // `has_room`: all out-arguments are there; else `what` is said to be missing.
 Status read_statistics(const char *who, int index, bool has_room, const char *what,

@@ -17,7 +17,7 @@ Status ZAV_GetRadioRxPackets(int index, std::uint64_t *ret_count);
 Status ZAV_GetRetransmissionMetric(int index, unsigned *ret_metric);
 Status ZAV_GetRSSITable(int index, RssiTable *ret_table);
 
-// Never fail. Only the index 1, 3 or 9 switches the collection on or off; the method of measuring noise is always
-// told to the interface of index 1.
+// Never fail. Only the index 1, 3 or 9 switches the collection on or off; the method of measuring noise is
+// always told to the interface of index 1.
 Status ZAV_SetRadStatEnable(int index, int enable, int rit, int mit);
 Status ZAV_SetNoiseFloorType(int type);

@@ -114,18 +114,20 @@ Status wlan_ApSiteSurveyStatus(int index, unsigned *ret_status) {
 
 Status wlan_getApScanNumOfEntries(int index, unsigned *ret_count) {
     log_debug("[ZAV-API] %s entry.\n", __func__);
-    return report(__func__, ZAV_GetApScanNumOfEntries(index, ret_count));
+    return report_failure(__func__, ZAV_GetApScanNumOfEntries(index, ret_count));
 }
 
 Status wlan_getApScanResult(int index, scan_table *ret_table) {
     SurveyBlock block;
-    const Status result = report(__func__, ZAV_GetApScanResult(index, &block));
+    const Status result = report_failure(__func__, ZAV_GetApScanResult(index, &block));
     if (result != failure)
         convert_survey(block, ret_table);
     return result;
 }
 
-Status wlan_apAutoChannelSelect(int index) { return report(__func__, ZAV_ApAutoChannelSelect(index)); }
+Status wlan_apAutoChannelSelect(int index) {
+    return report_failure(__func__, ZAV_ApAutoChannelSelect(index));
+}
 
 void convert_survey(const SurveyBlock &block, scan_table *ret_table) {
     *ret_table = {};

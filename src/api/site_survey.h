@@ -1,8 +1,8 @@
 #pragma once
 
+#include "api/records.h"
 #include "backend/site_survey.h"
 #include "backend/status.h"
-#include "rpc/records.h"
 
 // Site surveys take seconds, so each runs in a thread of its own, one a band at a time; a client asks for the
 // status until it has ended and then for the result.

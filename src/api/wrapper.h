@@ -42,8 +42,8 @@ void log_entry_with(const char *who, int index, const Line<Values...> &line,
     log_checked_after(who, rest.data(), line.text, values...);
 }
 
-// Operations whose success is not told.
-inline Status report(const char *who, Status result) {
+// For operations that say nothing of a success.
+inline Status report_failure(const char *who, Status result) {
     if (result == failure)
         log_error("[ZAV-API] Error %s failed !!!\n", who);
     return result;
@@ -52,7 +52,7 @@ inline Status report(const char *who, Status result) {
 template <class... Values>
 Status report_line(const char *who, Status result, const Line<Values...> &line,
                    std::type_identity_t<Values>... values) {
-    if (report(who, result) != failure)
+    if (report_failure(who, result) != failure)
         log_checked_after(who, " ", line.text, values...);
     return result;
 }

@@ -7,6 +7,7 @@
 #include "backend/shell.h"
 #include "backend/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
@@ -25,6 +26,9 @@ constexpr unsigned long survey_request = SIOCIWFIRSTPRIV + 12;
 constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
 constexpr unsigned long wps_device_request = SIOCIWFIRSTPRIV + 18;
 constexpr unsigned long wps_reset_request = SIOCIWFIRSTPRIV + 25;
+
+// Room for the longest answer to a private request, the table of stations.
+constexpr std::size_t private_room = 9104;
 
 // The request's length field has 16 bits, so no answer is longer than this.
 constexpr std::size_t longest_answer = std::numeric_limits<__u16>::max();
@@ -159,4 +163,22 @@ Asked reset_wps(const InterfaceName &ifname) {
 Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer) {
     iwreq request = make_request(ifname, ret_answer->data(), 0);
     return ask(survey_request, ifname, request.ifr_ifrn.ifrn_name, &request);
+}
+
+Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
+                   std::span<std::byte> ret_answer) {
+    const std::size_t text_length = std::strlen(command.text) + 1;
+    const std::size_t length = std::max(command.announced_length, text_length);
+    if (std::max(length, ret_answer.size()) > private_room)
+        return failure;
+    const auto buffer = std::make_unique<char[]>(private_room); // zeroed, and too large for a worker's stack
+    std::memcpy(buffer.get(), command.text, text_length);
+    if (command.shown)
+        log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", who, buffer.get(), static_cast<int>(length));
+    iwreq request = make_request(ifname, buffer.get(), length);
+    const unsigned long number = SIOCIWFIRSTPRIV + static_cast<unsigned>(command.request);
+    if (report_asked(who, ask(number, ifname, request.ifr_ifrn.ifrn_name, &request)) != success)
+        return failure;
+    std::copy_n(reinterpret_cast<const std::byte *>(buffer.get()), ret_answer.size(), ret_answer.data());
+    return success;
 }

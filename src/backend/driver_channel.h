@@ -5,6 +5,7 @@
 #include "backend/status.h"
 
 #include <array>
+#include <cstddef>
 #include <span>
 
 // The only place that issues driver requests. Each opens a socket of its own and closes it.
@@ -38,3 +39,19 @@ Asked reset_wps(const InterfaceName &ifname);
 // A site survey: the driver scans within the call, which takes seconds. The buffer holds zeros before.
 using SurveyAnswer = std::array<char, 8232>;
 Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer);
+
+// Requests whose command and answer share a buffer, by their distance from the first private one.
+enum class PrivateRequest : unsigned char { statistics = 6, stations = 15, show = 17 };
+
+struct PrivateCommand {
+    PrivateRequest request;
+    const char *text;
+    std::size_t announced_length = 0; // to the driver; 0: that of the text with its terminator
+    bool shown = true;                // with a debug line
+};
+
+// Sends the command and copies out as much of the answer as is asked for; what the driver did not write of
+// its first 9104 bytes is zero, but for the command's own text. -1 with an error line that names `who`, and
+// nothing copied.
+Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
+                   std::span<std::byte> ret_answer);

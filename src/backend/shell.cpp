@@ -53,8 +53,7 @@ int wait_for(pid_t child) {
 }
 
 // The wait status, or -1.
-int run_shell(const char *who, const char *command) {
-    log_debug("[ZAV-API] %s command=%s\n", who, command);
+int run(const char *command) {
     const pid_t child = start_shell(command, STDOUT_FILENO);
     return child < 0 ? -1 : wait_for(child);
 }
@@ -62,7 +61,8 @@ int run_shell(const char *who, const char *command) {
 } // namespace
 
 Status run_command(const char *who, const char *command) {
-    const int rc = run_shell(who, command);
+    log_debug("[ZAV-API] %s command=%s\n", who, command);
+    const int rc = run(command);
     if (rc == -1)
         return failure;
     // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.
@@ -74,8 +74,9 @@ Status run_command(const char *who, const char *command) {
     return success;
 }
 
-Status try_command(const char *who, const char *command) {
-    return run_shell(who, command) == -1 ? failure : success;
+int run_unchecked(const char *command) {
+    const int rc = run(command);
+    return rc == -1 ? -1 : WEXITSTATUS(rc);
 }
 
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line) {

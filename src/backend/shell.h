@@ -12,9 +12,10 @@
 // not be started or, with an error line that names `who`, on any other exit status.
 Status run_command(const char *who, const char *command);
 
-// The same for a command whose exit status does not matter: -1 only when the shell could not be started.
-Status try_command(const char *who, const char *command);
-
 // Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
 // only when the shell could not be started: the exit status is not looked at.
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);
+
+// Runs `command` without a word about it. Its exit status, 127 where the shell found no program, or -1 when
+// the shell could not be started.
+int run_unchecked(const char *command);

@@ -24,11 +24,11 @@ inline std::string_view take_word(std::string_view *text) {
     return word;
 }
 
-// A decimal number as sscanf's %d finds it at `text`; 32-bit values of either sign keep all their bits.
-// `*ret_end` is left where the number ends. False when no number stands there.
-inline bool scan_number(const char *text, int *ret_value, const char **ret_end = nullptr) {
+// A number as sscanf's %d finds it at `text`, or its %i with base 0; 32-bit values of either sign keep all
+// their bits. `*ret_end` is left where the number ends. False when no number stands there.
+inline bool scan_number(const char *text, int *ret_value, const char **ret_end = nullptr, int base = 10) {
     char *end = nullptr;
-    const long long value = std::strtoll(text, &end, 10);
+    const long long value = std::strtoll(text, &end, base);
     if (end == text)
         return false;
     *ret_value = static_cast<int>(value);

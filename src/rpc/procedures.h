@@ -53,6 +53,10 @@ int wlan_get_transmit_power_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_transmit_power_1_svc(int index, unsigned value, wlan_config_return_code_e *result);
 int wlan_get_auto_rate_fallback_enable_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_auto_rate_fallback_enable_1_svc(int index, bool value, wlan_config_return_code_e *result);
+int wlan_get_basic_stats_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_stats_1_svc(int index, unsigned stats_type, wlan_config_result_data_t *result);
+int wlan_get_assoc_devices_num_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_assoc_device_1_svc(int index, int dev_index, wlan_config_result_data_t *result);
 int wlan_get_wep_key_1_svc(int index, int key_index, wlan_config_result_data_t *result);
 int wlan_set_wep_key_1_svc(int index, int key_index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_pre_shared_key_1_svc(int index, int key_index, wlan_config_result_data_t *result);
@@ -129,7 +133,29 @@ int wlan_get_ap_scan_num_of_entries_1_svc(int index, wlan_config_result_data_t *
 int wlan_get_ap_scan_result_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_ap_scan_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_ap_auto_channel_select_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_assoc_devices_table_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_assoc_devices_table_num_of_entries_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_get_ap_scan_status_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_air_time_management_stats_1_svc(int index, int arg1, int arg2,
+                                             wlan_config_result_data_t *result);
+int wlan_get_frames_in_queue_data_1_svc(int index, int arg1, int arg2, wlan_config_result_data_t *result);
+int wlan_get_rate_adapt_data_1_svc(int index, int sta_num, wlan_config_result_data_t *result);
+int wlan_set_air_time_bssid_weight_1_svc(int index, int weight, wlan_config_return_code_e *result);
+int wlan_get_air_time_bssid_weight_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_set_air_time_sta_weight_1_svc(int index, const char *mac, int weight,
+                                       wlan_config_return_code_e *result);
+int wlan_del_air_time_sta_weight_1_svc(int index, const char *mac, wlan_config_return_code_e *result);
+int wlan_get_air_time_sta_weight_1_svc(int index, const char *mac, wlan_config_result_data_t *result);
+int wlan_get_bss_air_time_management_info_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_channel_statistics_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_channel_noise_floor_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_radio_tx_packets_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_radio_rx_packets_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_get_retransmission_metric_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_set_rad_stat_enable_1_svc(int index, int enable, int rit, int mit,
+                                   wlan_config_return_code_e *result);
+int wlan_get_rssi_table_1_svc(int index, wlan_config_result_data_t *result);
+int wlan_set_noise_floor_type_1_svc(int type, wlan_config_return_code_e *result);
 int wlan_get_acct_server_address_1_svc(int index, wlan_config_result_data_t *result);
 int wlan_set_acct_server_address_1_svc(int index, const char *value, wlan_config_return_code_e *result);
 int wlan_get_acct_server_port_1_svc(int index, wlan_config_result_data_t *result);

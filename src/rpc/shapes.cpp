@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
+#include <vector>
 
 // Nothing can be said to a client without memory, so a result that finds none is sent empty.
 
@@ -18,6 +19,15 @@ void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> v
     if (numbers != nullptr)
         std::copy(values.begin(), values.end(), numbers);
     result->return_data = {};
+}
+
+void fill_wide_numbers(wlan_config_result_data_t *result, std::span<const std::int64_t> values) {
+    std::vector<unsigned> words;
+    for (const std::int64_t value : values) {
+        words.push_back(static_cast<unsigned>(value));
+        words.push_back(static_cast<unsigned>(value >> 32));
+    }
+    fill_numbers(result, words);
 }
 
 void fill_text(wlan_config_result_data_t *result, const char *text) {
@@ -74,6 +84,16 @@ int get_number_of_class(const char *who, Status (*operation)(int, int, unsigned 
     unsigned value = 0;
     const Status status = operation(index, ac, &value);
     return reply_number(who, line, status, value, result);
+}
+
+int get_count(const char *who, Status (*operation)(int, std::uint64_t *), Line<long long> line, int index,
+              wlan_config_result_data_t *result) {
+    std::uint64_t count = 0;
+    result->return_code = code_of(operation(index, &count));
+    const auto value = static_cast<std::int64_t>(count);
+    fill_wide_numbers(result, std::span(&value, 1));
+    say(who, line, value);
+    return 1;
 }
 
 int reply_text(const char *who, Line<const char *> line, Status status, const char *text,

@@ -6,6 +6,7 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
 #include <span>
 
 // The forms of a server procedure. Each writes its entry line, calls the API operation once, turns what came
@@ -24,6 +25,8 @@ void say_name_closely(const char *who); // with one blank behind the name
 // The values first, zeros behind them: as many elements as the values have bytes. The array is allocated and
 // released with the result.
 void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> values);
+// 64-bit values of either sign as two words each, the low one first.
+void fill_wide_numbers(wlan_config_result_data_t *result, std::span<const std::int64_t> values);
 void fill_text(wlan_config_result_data_t *result, const char *text);
 // The memory image of a record.
 void fill_record(wlan_config_result_data_t *result, std::span<const std::byte> record);
@@ -70,6 +73,10 @@ int get_number(const char *who, Status (*operation)(int, unsigned *), Line<int> 
 int get_number_of_class(const char *who, Status (*operation)(int, int, unsigned *), Line<int> line, int index,
                         int ac, wlan_config_result_data_t *result);
 
+// A 64-bit count; without an entry line.
+int get_count(const char *who, Status (*operation)(int, std::uint64_t *), Line<long long> line, int index,
+              wlan_config_result_data_t *result);
+
 // `text` is the procedure's zeroed buffer; its size bounds what a client can receive.
 int reply_text(const char *who, Line<const char *> line, Status status, const char *text,
                wlan_config_result_data_t *result);
@@ -104,10 +111,10 @@ int get_key_text(const char *who, Status (*operation)(int, int, std::span<char>)
 }
 
 template <class Record>
-int reply_record(const char *who, Status status, const Record &record, wlan_config_result_data_t *result) {
+int reply_record(const char *who, Status status, const Record &record, wlan_config_result_data_t *result,
+                 Line<int> line = "result->return_data.return_data_len = %d\n") {
     result->return_code = code_of(status);
     fill_record(result, std::as_bytes(std::span(&record, 1)));
-    say(who, Line<int>("result->return_data.return_data_len = %d\n"),
-        shown(result->return_data.return_data_len));
+    say(who, line, shown(result->return_data.return_data_len));
     return 1;
 }

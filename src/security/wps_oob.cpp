@@ -47,11 +47,12 @@ Status read_host_address(const char *who, std::span<char> ret_address) {
 }
 
 Status restart_wps_daemon(const char *who, const WpsRadio &radio) {
+    constexpr char routes[] = "route del -net 224.0.0.0 netmask 240.0.0.0 dev eth0; "
+                              "route add -net 239.255.255.0 netmask 255.255.255.0 dev br0";
     std::array<char, 64> address; // longer than any address, so that none is made of a longer text
     std::array<char, 200> command;
-    if (try_command(who, "route del -net 224.0.0.0 netmask 240.0.0.0 dev eth0; "
-                         "route add -net 239.255.255.0 netmask 255.255.255.0 dev br0") != success ||
-        read_host_address(who, address) != success)
+    log_debug("[ZAV-API] %s command=%s\n", who, routes);
+    if (run_unchecked(routes) == -1 || read_host_address(who, address) != success)
         return failure;
     std::snprintf(
         command.data(), command.size(),

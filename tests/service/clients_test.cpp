@@ -98,7 +98,8 @@ auto play(Gateway &gateway, const GoldenCase &golden, Ask ask) {
 TEST(Clients, TheGeneratedOneAndWlanctlAgree) {
     Gateway gateway;
     std::set<unsigned> seen;
-    for (const GoldenCase &golden : read_golden(SOURCE_DIR "/tests/procedures.golden")) {
+    for (GoldenCase &golden : read_golden(SOURCE_DIR "/tests/procedures.golden")) {
+        std::erase_if(golden.calls, [](const GoldenCall &call) { return !call.reply; }); // nothing to compare
         const std::size_t before = seen.size();
         for (const GoldenCall &call : golden.calls)
             seen.insert(call.number);

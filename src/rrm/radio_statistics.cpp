@@ -1,0 +1,131 @@
+#include "rrm/radio_statistics.h"
+
+#include "backend/driver_channel.h"
+#include "backend/interfaces.h"
+#include "backend/lifecycle.h"
+#include "backend/log.h"
+#include "backend/packed.h"
+#include "rrm/air_time.h"
+
+#include <algorithm>
+#include <cstddef>
+#include <cstdio>
+#include <span>
+
+namespace {
+
+// The driver's answer to "RadioStat.-o".
+struct RadioStatistics {
+    std::array<Packed<std::uint32_t>, 3> channel;
+    std::array<Packed<std::int32_t>, 3> noise;
+    Packed<std::uint64_t> packets_sent, packets_received;
+    Packed<std::uint32_t> retransmission_metric;
+    std::array<Packed<std::int64_t>, 37> rssi;
+    Packed<std::int32_t> noise4;
+};
+static_assert(sizeof(RadioStatistics) == 344 && offsetof(RadioStatistics, noise) == 12 &&
+              offsetof(RadioStatistics, packets_sent) == 24 &&
+              offsetof(RadioStatistics, packets_received) == 32 &&
+              offsetof(RadioStatistics, retransmission_metric) == 40 &&
+              offsetof(RadioStatistics, rssi) == 44 && offsetof(RadioStatistics, noise4) == 340);
+
+// `has_room`: all out-arguments are there; else `what` is said to be missing.
+Status read_statistics(const char *who, int index, bool has_room, const char *what,
+                       RadioStatistics *ret_statistics) {
+    log_debug("[ZAV-API] %s entry (index=%d).\n", who, index);
+    if (!has_room) {
+        log_debug("[ZAV-API] %s %s is not initialized\n", who, what);
+        return failure;
+    }
+    if (!driver_initialised) {
+        log_debug("[ZAV-API] %s The driver is not initialized\n", who);
+        return failure;
+    }
+    InterfaceName ifname{};
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success) {
+        log_debug("[ZAV-API] %s error searching for the name of interface with index %d\n", who, index);
+        return failure;
+    }
+    constexpr std::size_t announced_length = 500;
+    return ask_private(who, ifname, {PrivateRequest::statistics, "RadioStat.-o", announced_length, false},
+                       std::as_writable_bytes(std::span(ret_statistics, 1)));
+}
+
+constexpr char statistics_name[] = "Channel Statistics";
+
+template <class Value, class Field>
+Status read_one(const char *who, int index, Field RadioStatistics::*field, Value *ret_value) {
+    RadioStatistics statistics;
+    if (read_statistics(who, index, ret_value != nullptr, statistics_name, &statistics) != success)
+        return failure;
+    *ret_value = statistics.*field;
+    return success;
+}
+
+void send(int index, const char *command) {
+    InterfaceName ifname{};
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) == success)
+        (void)SetDriverDataOnTheFly(command, ifname, 0); // these settings never fail
+}
+
+} // namespace
+
+Status ZAV_GetChannelStatistics(int index, unsigned *ret_1, unsigned *ret_2, unsigned *ret_3) {
+    RadioStatistics statistics;
+    const bool has_room = ret_1 != nullptr && ret_2 != nullptr && ret_3 != nullptr;
+    if (read_statistics(__func__, index, has_room, statistics_name, &statistics) != success)
+        return failure;
+    *ret_1 = statistics.channel[0];
+    *ret_2 = statistics.channel[1];
+    *ret_3 = statistics.channel[2];
+    return success;
+}
+
+Status ZAV_GetChannelNoiseFloor(int index, int *ret_1, int *ret_2, int *ret_3, int *ret_4) {
+    RadioStatistics statistics;
+    const bool has_room = ret_1 != nullptr && ret_2 != nullptr && ret_3 != nullptr && ret_4 != nullptr;
+    if (read_statistics(__func__, index, has_room, statistics_name, &statistics) != success)
+        return failure;
+    *ret_1 = statistics.noise[0];
+    *ret_2 = statistics.noise[1];
+    *ret_3 = statistics.noise[2];
+    *ret_4 = statistics.noise4;
+    return success;
+}
+
+Status ZAV_GetRadioTxPackets(int index, std::uint64_t *ret_count) {
+    return read_one(__func__, index, &RadioStatistics::packets_sent, ret_count);
+}
+
+Status ZAV_GetRadioRxPackets(int index, std::uint64_t *ret_count) {
+    return read_one(__func__, index, &RadioStatistics::packets_received, ret_count);
+}
+
+Status ZAV_GetRetransmissionMetric(int index, unsigned *ret_metric) {
+    return read_one(__func__, index, &RadioStatistics::retransmission_metric, ret_metric);
+}
+
+Status ZAV_GetRSSITable(int index, RssiTable *ret_table) {
+    RadioStatistics statistics;
+    if (read_statistics(__func__, index, ret_table != nullptr, "RSSI Table", &statistics) != success)
+        return failure;
+    std::copy(statistics.rssi.begin(), statistics.rssi.end(), ret_table->begin());
+    return success;
+}
+
+Status ZAV_SetRadStatEnable(int index, int enable, int rit, int mit) {
+    std::array<char, 64> command;
+    std::snprintf(command.data(), command.size(), "RadioStat.-e.%d.%d.%d", enable, rit, mit);
+    log_debug("[ZAV-API] %s cmd=%s\n", __func__, command.data());
+    if (index == 1 || index == 3 || index == 9)
+        send(index, command.data());
+    return success;
+}
+
+Status ZAV_SetNoiseFloorType(int type) {
+    std::array<char, 64> command;
+    std::snprintf(command.data(), command.size(), "RadioStat.-a.%d", type);
+    log_debug("[ZAV-API] %s cmd=%s\n", __func__, command.data());
+    send(1, command.data());
+    return success;
+}

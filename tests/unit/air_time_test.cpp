@@ -1,0 +1,238 @@
+// Air time, weights and radio statistics against hand-made answers of the driver.
+
+#include "api/air_time.h"
+#include "api/radio_statistics.h"
+#include "driver_double.h"
+#include "rrm/air_time.h"
+
+#include <climits>
+#include <cstdlib>
+#include <cstring>
+#include <fstream>
+#include <gtest/gtest.h>
+#include <memory>
+
+using Lines = std::vector<std::string>;
+
+// A table of stations of the first BSS, whom the driver calls by these numbers, behind one of another BSS.
+static void give_stations(const std::vector<unsigned char> &numbers) {
+    std::string table = little_endian(numbers.size() + 1, 4);
+    put(&table, 4, "\1");
+    for (std::size_t i = 0; i < numbers.size(); ++i) {
+        put(&table, 4 + 140 * (i + 1), std::string("\0\0\0\x5e\0\x53", 6) + static_cast<char>(0xA0 + i));
+        put(&table, 4 + 140 * (i + 1) + 15, std::string(1, static_cast<char>(numbers[i])));
+    }
+    driver::start();
+    driver::answers[15] = table;
+}
+
+// So many 32-bit words, each telling its place.
+static std::string words(unsigned count) {
+    std::string block;
+    for (unsigned i = 0; i < count; ++i)
+        block += little_endian(i, 4);
+    return block;
+}
+
+TEST(Command, TakesOneOfTwoRequests) {
+    InterfaceName ifname{"zv00"};
+    driver::start();
+    driver::answers = {{17, ""}, {6, ""}};
+    EXPECT_EQ(SetDriverDataOnTheFly("fairness.-b.2.40", ifname, 1), success);
+    EXPECT_EQ(SetDriverDataOnTheFly("RadioStat.-a.5", ifname, 0), success);
+    driver_initialised = false;
+    EXPECT_EQ(SetDriverDataOnTheFly("RadioStat.-a.6", ifname, 0), failure);
+    EXPECT_EQ(driver::asked, (Lines{"17 zv00 fairness.-b.2.40 17", "6 zv00 RadioStat.-a.5 15"}));
+}
+
+TEST(Stations, AreFoundByPlaceAndAddressUnderTheNumberOfTheDriver) {
+    give_stations({7, 31, 32, 255});
+    unsigned number = 99;
+    EXPECT_TRUE(ZAV_GetZavinoStaIndexByStaIndex(1, 0, &number) == success && number == 7);
+    EXPECT_TRUE(ZAV_GetZavinoStaIndexByStaIndex(1, 1, &number) == success && number == 31);
+    EXPECT_TRUE(ZAV_GetZavinoStaIndexByMac(1, "00:00:5e:00:53:a0", &number) == success && number == 7);
+    EXPECT_TRUE(ZAV_GetZavinoStaIndexByMac(1, "00:00:5E:00:53:A1", &number) == success && number == 31);
+    number = 99;
+    for (const int place : {2, 3, 4, -1, INT_MAX, INT_MIN})
+        EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(1, place, &number), failure) << place;
+    for (const char *mac : {"00:00:5E:00:53:A2", "00:00:5E:00:53:A", "00:00:00:00:00:00", ""})
+        EXPECT_EQ(ZAV_GetZavinoStaIndexByMac(1, mac, &number), failure) << mac;
+    EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(3, 0, &number), failure);
+    EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(0, 0, &number), failure);
+    EXPECT_EQ(number, 99U);
+}
+
+TEST(AirTime, CountersStandByGroupAndStation) {
+    give_stations({0, 31});
+    driver::answers[17] = words(1280);
+    for (const unsigned station : {0U, 1U})
+        for (const unsigned group : {0U, 7U}) {
+            const unsigned a = 2 * (group * 32 + station * 31), b = 2 * (256 + group * 32 + station * 31);
+            FourWords found{};
+            EXPECT_EQ(wlan_getAirTimeStats(1, static_cast<int>(station), static_cast<int>(group), &found),
+                      success);
+            EXPECT_EQ(found, (FourWords{a, a + 1, b, b + 1}));
+        }
+    EXPECT_EQ(driver::asked.back(), "17 atm24g fairness.-F 5121");
+    FourWords found{9, 9, 9, 9};
+    for (const int group : {8, -1, INT_MAX, INT_MIN})
+        EXPECT_EQ(wlan_getAirTimeStats(1, 0, group, &found), failure) << group;
+    driver::answers.erase(17);
+    EXPECT_EQ(wlan_getAirTimeStats(1, 0, 0, &found), failure);
+    EXPECT_EQ(ZAV_GetAirTimeStats(1, nullptr), failure);
+    EXPECT_EQ(found, (FourWords{9, 9, 9, 9}));
+}
+
+TEST(AirTime, FramesStandByStationAndQueue) {
+    give_stations({0, 31});
+    driver::answers[6] = words(1024);
+    for (const unsigned station : {0U, 1U})
+        for (const unsigned queue : {0U, 7U}) {
+            const unsigned first = station * 31 * 8 + queue;
+            FourWords found{};
+            EXPECT_EQ(
+                wlan_getFramesInQueueData(1, static_cast<int>(station), static_cast<int>(queue), &found),
+                success);
+            EXPECT_EQ(found, (FourWords{first, 256 + first, 512 + first, 768 + first}));
+        }
+    FourWords found{};
+    for (const int queue : {8, -1, INT_MAX, INT_MIN})
+        EXPECT_EQ(wlan_getFramesInQueueData(1, 0, queue, &found), failure) << queue;
+}
+
+TEST(AirTime, RatesAreBytesOfTheDriver) {
+    give_stations({31, 32});
+    const std::string block = words(244);
+    driver::answers[6] = block + "more";
+    RateData data;
+    EXPECT_EQ(wlan_getGetStationRateAdaptationData(1, 0, &data), success);
+    EXPECT_EQ(std::memcmp(&data, block.data(), sizeof data), 0);
+    EXPECT_EQ(driver::asked.back(), "6 zvi00 ratestd.-D.31 14");
+    for (const int station : {1, 2, 16, -1}) {
+        std::memset(&data, '~', sizeof data);
+        EXPECT_EQ(wlan_getGetStationRateAdaptationData(1, station, &data), failure) << station;
+        EXPECT_EQ(data.rates[0].value1 | data.value2, 0U) << "cleared before";
+    }
+}
+
+// The shares of BSSes with these air times in the first and the last category.
+static std::vector<std::uint64_t> shares(const std::vector<std::uint64_t> &first, std::uint64_t last = 0) {
+    std::string block(5120, '\0');
+    for (std::size_t bss = 0; bss < first.size(); ++bss)
+        put(&block, 4096 + 8 * bss, little_endian(first[bss], 8));
+    put(&block, 5112, little_endian(last, 8)); // of BSS 15
+    driver::start();
+    driver::answers[17] = block;
+    const auto info = std::make_unique<BSSAirTimeManagementInfo>();
+    std::memset(info.get(), '~', sizeof *info);
+    EXPECT_EQ(wlan_getBSSAirTimeManagementInfo(9, info.get()), success);
+    EXPECT_EQ(std::memcmp(info->stations, &block[4096], sizeof info->stations), 0);
+    EXPECT_TRUE(info->totals[0] == first[0] && info->totals[15] == last);
+    return {std::begin(info->shares), std::end(info->shares)};
+}
+
+TEST(AirTime, IsSharedInPercent) {
+    std::vector<std::uint64_t> expected(16);
+    EXPECT_EQ(shares({0}), expected);
+    expected[0] = 66;
+    expected[2] = 33;
+    EXPECT_EQ(shares({2, 0, 1}), expected);
+    expected = std::vector<std::uint64_t>(16);
+    expected[0] = expected[15] = 50;
+    EXPECT_EQ(shares({6000000000000}, 6000000000000), expected);
+    expected[0] = expected[15] = 0; // the sum is beyond 64 bits
+    EXPECT_EQ(shares({1ULL << 63}, 1ULL << 63), expected);
+}
+
+TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
+    const std::string a1 = "00:00:5E:00:53:A1", a2 = "00:00:5E:00:53:A2", list = a1 + ",40;" + a2 + ",20;";
+    std::string thirty_one;
+    for (int i = 10; i < 41; ++i)
+        thirty_one.append("02:00:00:00:00:").append(std::to_string(i)).append(",1;");
+    const struct {
+        std::string stored, mac;
+        int weight;
+        Status result;
+        std::string after, command;
+    } rows[] = {
+        {list, "00:00:5e:00:53:a1", 50, success, a2 + ",20;" + a1 + ",50;", "fairness.-c.31.50"},
+        {list, a1, -1, success, a2 + ",20;", "fairness.-c.31.4294967295"},
+        {list, a2, 20, unchanged, list, ""},
+        {list, "AA:BB:CC:DD:EE:FF", 0, success, list + "AA:BB:CC:DD:EE:FF,0;", ""},
+        {list, "AA:BB:CC:DD:EE:FF", -1, unchanged, list, ""},
+        {"", a2, 100, success, a2 + ",100;", ""},
+        {"none", a2, 1, success, a2 + ",1;", ""},
+        {list, a1, 101, failure, list, ""},
+        {list, a1, -2, failure, list, ""},
+        {list, "00:00:5E:00:53", 1, failure, list, ""},
+        {a1 + ",40;00:00:5E", a2, 1, failure, a1 + ",40;00:00:5E", ""},
+        {thirty_one, a2, 1, success, thirty_one + a2 + ",1;", ""},
+        {thirty_one + a2 + ",1;", "AA:BB:CC:DD:EE:FF", 1, failure, thirty_one + a2 + ",1;", ""},
+        {thirty_one + a2 + ",1;", a2, 2, success, thirty_one + a2 + ",2;", ""},
+        {std::string(2500, '0'), a2, 1, failure, std::string(2500, '0'), ""},
+    };
+    setenv("zav_cfg_dir", "/tmp", 1);
+    for (const auto &row : rows) {
+        std::ofstream("/tmp/ZAV75024g.dat") << "#\nStaWeights=" << row.stored << "\nB=1\n";
+        give_stations({0, 31});
+        driver::answers[17] = "";
+        EXPECT_EQ(zavChangeOrRemoveStaWeight(1, row.mac.c_str(), row.weight), row.result) << row.stored;
+        std::string stored;
+        std::getline(std::ifstream("/tmp/ZAV75024g.dat"), stored, '\0');
+        EXPECT_EQ(stored, "#\nStaWeights=" + row.after + "\nB=1\n");
+        const std::string told = driver::asked.size() < 2 ? "" : driver::asked[1];
+        EXPECT_EQ(told.substr(0, told.rfind(' ')), row.command.empty() ? "" : "17 atm24g " + row.command);
+    }
+    EXPECT_EQ(zavChangeOrRemoveStaWeight(17, a1.c_str(), 1), failure);
+    std::ofstream("/tmp/ZAV75024g.dat") << "#\n";
+    EXPECT_EQ(zavChangeOrRemoveStaWeight(1, a1.c_str(), 1), failure) << "no such setting";
+}
+
+TEST(RadioStatistics, StandAtTheirPlaces) {
+    std::string answer(344, '\0');
+    for (std::size_t at = 0; at < answer.size(); ++at)
+        answer[at] = static_cast<char>(at + at / 256);
+    const auto number = [&](std::size_t at, std::size_t width) {
+        std::uint64_t value = 0;
+        for (std::size_t i = width; i-- > 0;)
+            value = value << 8 | static_cast<unsigned char>(answer[at + i]);
+        return value;
+    };
+    driver::start();
+    driver::answers[6] = answer;
+    unsigned a = 0, b = 0, c = 0, metric = 0;
+    int n1 = 0, n2 = 0, n3 = 0, n4 = 0;
+    std::uint64_t sent = 0, received = 0;
+    RssiTable table{};
+    EXPECT_EQ(wlan_getChannelStatistics(10, &a, &b, &c), success);
+    EXPECT_EQ(driver::asked, Lines{"6 zv01 RadioStat.-o 500"});
+    EXPECT_TRUE(a == number(0, 4) && b == number(4, 4) && c == number(8, 4));
+    EXPECT_EQ(wlan_getChannelNoiseFloor(1, &n1, &n2, &n3, &n4), success);
+    EXPECT_TRUE(n1 == static_cast<int>(number(12, 4)) && n2 == static_cast<int>(number(16, 4)) &&
+                n3 == static_cast<int>(number(20, 4)) && n4 == static_cast<int>(number(340, 4)));
+    EXPECT_TRUE(wlan_getRadioTxPackets(1, &sent) == success && sent == number(24, 8));
+    EXPECT_TRUE(wlan_getRadioRxPackets(1, &received) == success && received == number(32, 8));
+    EXPECT_TRUE(wlan_getRetransmissionMetric(1, &metric) == success && metric == number(40, 4));
+    EXPECT_EQ(wlan_getRSSITable(1, &table), success);
+    for (std::size_t i = 0; i < table.size(); ++i)
+        EXPECT_EQ(static_cast<std::uint64_t>(table[i]), number(44 + 8 * i, 8)) << i;
+
+    const std::size_t asked = driver::asked.size();
+    EXPECT_TRUE(wlan_getChannelStatistics(1, &a, nullptr, &c) == failure &&
+                wlan_getChannelNoiseFloor(1, &n1, &n2, &n3, nullptr) == failure &&
+                wlan_getRadioTxPackets(1, nullptr) == failure && wlan_getRSSITable(1, nullptr) == failure &&
+                wlan_getRSSITable(17, &table) == failure);
+    EXPECT_EQ(driver::asked.size(), asked);
+    driver::answers.clear();
+    EXPECT_TRUE(wlan_getRadioTxPackets(1, &sent) == failure && sent == number(24, 8)) << "untouched";
+}
+
+TEST(AccessCategories, ArePrintedWithTheirSum) {
+    std::ofstream("/tmp/wlandbg") << "";
+    testing::internal::CaptureStdout();
+    print_access_categories("frames", {1, 2, 3, 4, 4294967296UL});
+    std::fflush(stdout);
+    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+              "frames BE=1, BK=2, VI=3, VO=4, MGMT=4294967296, TOTAL=4294967306\n");
+    std::remove("/tmp/wlandbg");
+}

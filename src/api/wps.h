@@ -44,6 +44,6 @@ Status wlan_setWpsPushButton(int index);
 Status wlan_setWpsPinStart(int index, const char *pin);
 Status wlan_setWpsOOB(int index);
 
-// Milliseconds, default 120000. Getting always answers 0.
+// As the driver takes it, default 120000. Getting always answers 0.
 Status wlan_getWpsConfigTimeout(int index, unsigned *ret_timeout);
 Status wlan_setWpsConfigTimeout(int index, unsigned timeout);

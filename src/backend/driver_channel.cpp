@@ -155,9 +155,12 @@ Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer) {
     return asked;
 }
 
-Asked reset_wps(const InterfaceName &ifname) {
-    iwreq request{};
-    return ask(wps_reset_request, ifname, request.ifr_ifrn.ifrn_name, &request);
+Status reset_wps(const char *who, const InterfaceName &ifname) {
+    const Descriptor channel = open_channel(who);
+    if (!channel.valid())
+        return failure;
+    iwreq request = make_request(ifname, nullptr, 0);
+    return issue(who, channel, wps_reset_request, ifname, &request);
 }
 
 Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer) {

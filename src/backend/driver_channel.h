@@ -33,8 +33,8 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
 // The driver's words about the device, cut at the buffer and terminated; no answer has more room than this.
 constexpr std::size_t wps_device_room = 501;
 Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer);
-// Puts the radio's WPS back into its state out of the box.
-Asked reset_wps(const InterfaceName &ifname);
+// Puts the radio's WPS back into its state out of the box. 0, or -1 with an error line that names `who`.
+Status reset_wps(const char *who, const InterfaceName &ifname);
 
 // A site survey: the driver scans within the call, which takes seconds. The buffer holds zeros before.
 using SurveyAnswer = std::array<char, 8232>;

@@ -35,6 +35,11 @@ Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_a
     return success;
 }
 
+Status refuse_text(const char *who) {
+    log_error("[ZAV-API] Error %s a list cannot hold this text\n", who);
+    return failure;
+}
+
 } // namespace
 
 Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers) {
@@ -85,10 +90,8 @@ Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss
 bool fits_list(const char *text) { return std::strpbrk(text, ";\n") == nullptr; }
 
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text) {
-    if (!fits_list(text)) {
-        log_error("[ZAV-API] Error %s a list cannot hold this text\n", who);
-        return failure;
-    }
+    if (!fits_list(text))
+        return refuse_text(who);
     std::string stored, changed;
     if (!has_field(bss) || nvram_get_whole_str(ifname, key, &stored) != success)
         return failure;
@@ -98,4 +101,9 @@ Status write_list_text(const char *who, const char *ifname, const char *key, uns
         changed.append(field == 1 ? "" : ";").append(field == bss ? std::string_view(text) : old);
     }
     return nvram_set_str(ifname, key, changed.c_str());
+}
+
+Status write_unbroken_list_text(const char *who, const char *ifname, const char *key, unsigned bss,
+                                const char *text) {
+    return *text == '\0' ? refuse_text(who) : write_list_text(who, ifname, key, bss, text);
 }

@@ -31,3 +31,8 @@ bool fits_list(const char *text);
 // Replaces the text of one BSS; the other fields keep theirs, whatever they are, and missing ones become
 // empty. A text that does not fit is refused with an error line that names `who`.
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text);
+
+// The same for an unbroken list, which cannot hold an empty text either. What stands behind a gap counts
+// again once the gap is filled: no BSS's field is lost by setting another's.
+Status write_unbroken_list_text(const char *who, const char *ifname, const char *key, unsigned bss,
+                                const char *text);

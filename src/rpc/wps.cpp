@@ -3,6 +3,28 @@
 #include "rpc/procedures.h"
 #include "rpc/shapes.h"
 
+namespace {
+
+// Questions about registrars are told by name alone, and their numbers without a value line.
+int get_registrars(const char *who, Status (*operation)(int, unsigned *), int index,
+                   wlan_config_result_data_t *result) {
+    unsigned value = 0;
+    say_name(who);
+    const Status status = operation(index, &value);
+    return reply_number(status, value, result);
+}
+
+int get_registrar_text(const char *who, Status (*operation)(int, int, std::span<char>),
+                       Line<const char *> line, int index, int registrar_index,
+                       wlan_config_result_data_t *result) {
+    std::array<char, 120> text{};
+    say_name(who);
+    const Status status = operation(index, registrar_index, text);
+    return reply_text(who, line, status, text.data(), result);
+}
+
+} // namespace
+
 int wlan_set_wps_model_name_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
     return set(__func__, wlan_setWpsModelName, "[modelName=%s]\n", index, value, result);
 }
@@ -82,17 +104,11 @@ int wlan_get_wps_last_configuration_error_1_svc(int index, wlan_config_result_da
 }
 
 int wlan_get_wps_registrar_entries_num_1_svc(int index, wlan_config_result_data_t *result) {
-    unsigned value = 0;
-    say_name(__func__);
-    const Status status = wlan_getWpsRegistrarNumEntries(index, &value);
-    return reply_number(status, value, result);
+    return get_registrars(__func__, wlan_getWpsRegistrarNumEntries, index, result);
 }
 
 int wlan_get_wps_registrar_established_1_svc(int index, wlan_config_result_data_t *result) {
-    unsigned value = 0;
-    say_name(__func__);
-    const Status status = wlan_getWpsRegistrarEstablished(index, &value);
-    return reply_number(status, value, result);
+    return get_registrars(__func__, wlan_getWpsRegistrarEstablished, index, result);
 }
 
 int wlan_get_wps_registrar_enabled_1_svc(int index, int registrar_index, wlan_config_result_data_t *result) {
@@ -109,18 +125,14 @@ int wlan_set_wps_registrar_enabled_1_svc(int index, int registrar_index, bool va
 }
 
 int wlan_get_wps_registrar_uuid_1_svc(int index, int registrar_index, wlan_config_result_data_t *result) {
-    std::array<char, 120> text{};
-    say_name(__func__);
-    const Status status = wlan_getWpsRegistrarUuid(index, registrar_index, text);
-    return reply_text(__func__, "[uuid %s]\n", status, text.data(), result);
+    return get_registrar_text(__func__, wlan_getWpsRegistrarUuid, "[uuid %s]\n", index, registrar_index,
+                              result);
 }
 
 int wlan_get_wps_registrar_device_name_1_svc(int index, int registrar_index,
                                              wlan_config_result_data_t *result) {
-    std::array<char, 120> text{};
-    say_name(__func__);
-    const Status status = wlan_getWpsRegistrarDeviceName(index, registrar_index, text);
-    return reply_text(__func__, "[name %s]\n", status, text.data(), result);
+    return get_registrar_text(__func__, wlan_getWpsRegistrarDeviceName, "[name %s]\n", index, registrar_index,
+                              result);
 }
 
 int wlan_set_wps_cancel_1_svc(int index, wlan_config_return_code_e *result) {

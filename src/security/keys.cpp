@@ -8,7 +8,6 @@
 #include "security/name_table.h"
 
 #include <array>
-#include <cctype>
 #include <cstdio>
 #include <cstring>
 
@@ -49,10 +48,12 @@ Status read_default_key(const Bss &bss, int *ret_key_index) {
     return success;
 }
 
+bool is_ascii_wep_key(std::size_t length) { return length == 5 || length == 13; }
+
 // 5 or 13 characters, or twice as many hexadecimal digits.
 bool is_wep_key(const char *who, const char *key) {
     const std::size_t length = std::strlen(key);
-    if (length == 5 || length == 13)
+    if (is_ascii_wep_key(length))
         return true;
     if (length != 10 && length != 26) {
         log_debug("[ZAV-API] %s illegal number of characters in key:%d.\n", who, static_cast<int>(length));
@@ -63,8 +64,6 @@ bool is_wep_key(const char *who, const char *key) {
         log_debug("[ZAV-API] %s illegal characters in hexadecimal key:%c.\n", who, *bad);
     return *bad == '\0';
 }
-
-bool is_ascii_wep_key(std::size_t length) { return length == 5 || length == 13; }
 
 bool fits_level(int level, std::size_t length) {
     const bool is_short = length == 5 || length == 10;

@@ -11,7 +11,7 @@
 
 namespace {
 
-using StoredText = std::string_view;
+using StoredText = std::string_view; // of a literal, so its data is terminated
 
 constexpr char authentication_key[] = "AuthMode";
 constexpr char encryption_key[] = "EncrypType";
@@ -64,7 +64,7 @@ Status write_named(const char *who, const char *key, const Named<StoredText> (&t
         log_debug("[ZAV-API] %s illegal %s mode:%s.\n", who, what, mode);
         return failure;
     }
-    return write_list_text(who, bss.ifname.data(), key, bss.number, stored->data());
+    return write_unbroken_list_text(who, bss.ifname.data(), key, bss.number, stored->data());
 }
 
 // The letters that count, as bits.
@@ -147,7 +147,7 @@ Status ZAV_SetWpaBasicAuthenticationModes(int index, const char *mode) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return write_list_text(__func__, bss.ifname.data(), authentication_key, bss.number, mode);
+    return write_unbroken_list_text(__func__, bss.ifname.data(), authentication_key, bss.number, mode);
 }
 
 Status ZAV_GetWpaEncryptionModes(int index, std::span<char> ret_mode) {

@@ -1,8 +1,10 @@
 #pragma once
 
 #include <algorithm>
+#include <cstddef>
 #include <iterator>
 #include <string_view>
+#include <type_traits>
 
 // Tables that give names to codes. A code is a number, or the text that stands in the settings file.
 template <class Code>

@@ -9,6 +9,7 @@
 #include "security/wps_info.h"
 #include "security/wps_names.h"
 
+#include <algorithm>
 #include <array>
 #include <cctype>
 #include <cstdio>
@@ -76,13 +77,33 @@ Status generate_pin(const char *who, const WpsRadio &radio, Pin *ret_pin) {
     return ZAV_GetWpsDevicePassword(radio.first_index, *ret_pin);
 }
 
-// One of the texts is the state's name, which a status out of place makes doubtful.
+// Idle and success count only with the status that belongs to them; without a known state a failure still
+// shows by its status.
 const char *state_text(const WscInfo &info) {
-    const bool in_place =
-        (info.State != 0 || info.Status == 0 || info.Status == 1) && (info.State != 4 || info.Status == 34);
-    if (const char *name = find_name(wps_states, info.State); name != nullptr)
-        return in_place ? name : "Unknown result";
-    return info.Status == 2 ? "Failed" : "Unknown result";
+    constexpr int idle = 0, success_state = 4;
+    constexpr int not_used = 0, idle_status = 1, failed = 2, configured_status = 34;
+    const char *name = find_name(wps_states, info.State);
+    if (info.State == idle && info.Status != not_used && info.Status != idle_status)
+        name = nullptr;
+    else if (info.State == success_state && info.Status != configured_status)
+        name = nullptr;
+    else if (name == nullptr && info.Status == failed)
+        name = "Failed";
+    return name == nullptr ? "Unknown result" : name;
+}
+
+// The driver takes the mode from the settings again.
+Status tell_enabled(const WpsRadio &radio) {
+    int mode = 0;
+    if (read_list_number(radio.ifname.data(), "WscConfMode", 1, &mode) != success)
+        return failure;
+    return tell(radio.first_index, "WscConfMode=%d", mode);
+}
+
+Status tell_disabled(const WpsRadio &radio) {
+    if (ZAV_Set(radio.first_index, "WscStop") != success)
+        return failure;
+    return ZAV_Set(radio.first_index, "WscConfMode=0");
 }
 
 bool is_uuid(std::string_view text) {
@@ -110,16 +131,13 @@ Status ZAV_GetWpsEnable(int index, unsigned *ret_enable) {
 
 Status ZAV_SetWpsEnable(int index, unsigned enable) {
     WpsRadio radio;
-    int mode = 0;
     if (find_wps_radio(index, &radio) != success)
         return failure;
     const Status stored = write_list_number(radio.ifname.data(), "WscEnable", 1, static_cast<int>(enable));
     if (stored == failure)
         return failure;
-    if (enable != 0 ? read_list_number(radio.ifname.data(), "WscConfMode", 1, &mode) != success
-                    : ZAV_Set(radio.first_index, "WscStop") != success)
-        return failure;
-    return tell(radio.first_index, "WscConfMode=%d", mode) == failure ? failure : stored;
+    const Status told = enable != 0 ? tell_enabled(radio) : tell_disabled(radio);
+    return told == failure ? failure : stored;
 }
 
 Status ZAV_SetWpsPushButton(int index) {

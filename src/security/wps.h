@@ -11,8 +11,8 @@
 Status ZAV_GetWpsEnable(int index, unsigned *ret_enable);
 Status ZAV_SetWpsEnable(int index, unsigned enable);
 
-// A session with a station: by button, by the station's PIN (4 or 8 digits, or 8 digits with a character
-// between them), or none any more. The driver runs it.
+// A session with a station: by button, by the station's PIN (4 or 8 characters, or 9 of which 8 are
+// digits), or none any more. The driver runs it.
 Status ZAV_SetWpsPushButton(int index);
 Status ZAV_SetWpsPinStart(int index, const char *pin);
 Status ZAV_SetWpsCancel(int index);
@@ -21,7 +21,7 @@ Status ZAV_SetWpsCancel(int index);
 Status ZAV_GetWpsDevicePassword(int index, std::span<char> ret_pin);
 Status ZAV_SetWpsDevicePassword(int index, const char *pin);
 
-// 1 or 2.
+// 1 or 2 of those that there are.
 Status ZAV_GetWpsVersion(int index, unsigned *ret_version);
 
 // The names of methods, separated by commas; the enabled ones end with ",\n". Setting enables those whose

@@ -18,14 +18,15 @@ constexpr std::size_t token_count = 13, longest_token = 50;
 
 using Tokens = std::array<std::array<char, longest_token + 1>, token_count>;
 
-// How many there are, at most as many as are wanted. A longer one than the driver ever sends ends the list.
+// How many there are, at most as many as are wanted. Nothing is left of one that is too long, so that it
+// stands for no field.
 int split(std::string_view answer, Tokens *ret_tokens) {
     int count = 0;
     for (auto &token : *ret_tokens) {
         const std::string_view word = take_word(&answer);
-        if (word.empty() || word.size() > longest_token)
+        if (word.empty())
             break;
-        copy_text(token, word);
+        copy_text(token, word.size() > longest_token ? "" : word);
         ++count;
     }
     return count;

@@ -8,7 +8,7 @@
 // What the radio knows of WPS. The order is that of the driver's answer.
 struct WscInfo {
     int ConfMode;
-    unsigned ConfigMethods; // bits, see find_method
+    unsigned ConfigMethods; // bits, see wps_methods
     int UseUPnP;
     std::array<char, 8> Mode;
     int ConfStatus; // 2: configured
@@ -16,7 +16,7 @@ struct WscInfo {
     int State;
     int Status;
     std::array<char, 52> Uuid;
-    unsigned Version; // 1 or 2
+    unsigned Version; // 1 or 2 of those that there are
     unsigned LastConfigError;
     int SetupLock;
     int ConfigTimeout; // seconds
@@ -33,5 +33,6 @@ Status find_wps_radio(int index, WpsRadio *ret_radio);
 // BSS, and for an answer or settings that lack a part; the parts before it are filled in.
 Status ZAV_parseWscInfoCommand(int index, WscInfo *ret_info);
 
-// What the driver tells, a token each: the WscInfo fields in order. Public for tests of hostile answers.
+// The driver's answer: a word for each field, in order. -1 for fewer words, and for one that is not what its
+// place asks for or is too long.
 Status parse_wsc_info(const char *who, const char *answer, WscInfo *ret_info);

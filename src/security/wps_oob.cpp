@@ -10,28 +10,11 @@
 
 #include <arpa/inet.h>
 #include <array>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
 namespace {
 
 constexpr char default_passphrase[] = "ExampleDefaultKey0421";
-
-Status reset_driver(const char *who, const WpsRadio &radio) {
-    switch (reset_wps(radio.ifname)) {
-    case Asked::no_socket:
-        log_error("[ZAV-API] Error %s socket failed", who);
-        return failure;
-    case Asked::refused:
-        log_error("[ZAV-API] Error %s %s: ioctl failed %s (%d).\n", who, radio.ifname.data(), strerror(errno),
-                  errno);
-        return failure;
-    case Asked::answered:
-        break;
-    }
-    return success;
-}
 
 // The address of the host side, from whichever band's settings have it. It goes into a shell command, so it
 // must be an address and nothing else.
@@ -80,7 +63,7 @@ Status ZAV_SetWpsOOB(int index) {
         log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
         return failure;
     }
-    if (find_wps_radio(index, &radio) != success || reset_driver(__func__, radio) != success ||
+    if (find_wps_radio(index, &radio) != success || reset_wps(__func__, radio.ifname) != success ||
         restart_wps_daemon(__func__, radio) != success)
         return failure;
     return secure(radio);

@@ -6,7 +6,10 @@
 #include "api/radio_statistics.h"
 #include "api/rates.h"
 #include "api/stations.h"
+#include "api/wps.h"
+#include "backend/lifecycle.h"
 #include "driver_double.h"
+#include "security/wps_info.h"
 
 #include <cassert>
 #include <cstdint>
@@ -79,17 +82,30 @@ void read_rates(int argument) {
     assert(rates.empty() || rates.find('\0') != rates.npos);
 }
 
+void read_wps(int) {
+    const auto &bytes = driver::answers[17];
+    const std::string answer(bytes.begin(), bytes.end());
+    WscInfo info{};
+    if (parse_wsc_info("read_wps", answer.c_str(), &info) == success) {
+        assert(info.Mode.back() == '\0' && info.PinCode.back() == '\0' && info.Uuid.back() == '\0');
+    }
+    std::array<char, 20> name{};
+    driver_loaded = true;
+    assert(wlan_getWpsDeviceName(1, name) == failure || (name[0] != '\0' && name.back() == '\0'));
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
-    constexpr void (*readers[])(int) = {read_stations, read_air_time, read_radio, read_counters, read_rates};
+    constexpr void (*readers[])(int) = {read_stations, read_air_time, read_radio,
+                                        read_counters, read_rates,    read_wps};
     constexpr std::size_t head = 1 + sizeof(int), room = 9104;
     if (size < head || size > head + room)
         return 0;
     int argument = 0;
     std::memcpy(&argument, data + 1, sizeof argument);
     driver::start();
-    for (const unsigned long request : {6UL, 15UL, 17UL})
+    for (const unsigned long request : {6UL, 15UL, 17UL, 18UL})
         driver::answers[request].assign(data + head, data + size);
     readers[data[0] % std::size(readers)](argument);
     return 0;

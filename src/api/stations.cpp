@@ -1,6 +1,7 @@
 #include "api/stations.h"
 
 #include "api/wrapper.h"
+#include "backend/mac.h"
 #include "backend/text.h"
 
 #include <algorithm>
@@ -35,9 +36,7 @@ void list_vendor_prefixes(const StationRecord &station, std::span<char> ret_list
 
 // What a single station and one of the table have in common.
 void fill_device(const StationRecord &station, wlan_device_t *ret_device) {
-    const auto &mac = station.mac;
-    std::snprintf(ret_device->mac_address, sizeof ret_device->mac_address, "%02X:%02X:%02X:%02X:%02X:%02X",
-                  mac[0], mac[1], mac[2], mac[3], mac[4], mac[5]);
+    copy_text(ret_device->mac_address, text_of(station.mac).data());
     list_vendor_prefixes(station, ret_device->group_list);
     copy_text(ret_device->text_field, std::bitset<16>(station.bits28).to_string());
     ret_device->counter1 = class_of(station);

@@ -164,8 +164,12 @@ Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
     int rate = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
         return failure;
-    if (report_asked(__func__, ask_bit_rate(ifname, &rate), "[ZAV-API] Error %s ioctl sock failed!\n") !=
-        success)
+    const Asked asked = ask_bit_rate(ifname, &rate);
+    if (asked == Asked::no_socket)
+        log_error("[ZAV-API] Error %s ioctl sock failed!\n", __func__);
+    if (asked == Asked::refused)
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
+    if (asked != Asked::answered)
         return failure;
     std::snprintf(ret_rate.data(), ret_rate.size(), "%i", rate / 1000000);
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_rate.data());

@@ -22,16 +22,17 @@
 namespace {
 
 constexpr unsigned long set_request = SIOCIWFIRSTPRIV + 2;
-constexpr unsigned long survey_request = SIOCIWFIRSTPRIV + 12;
-constexpr unsigned long show_request = SIOCIWFIRSTPRIV + 17;
-constexpr unsigned long wps_device_request = SIOCIWFIRSTPRIV + 18;
 constexpr unsigned long wps_reset_request = SIOCIWFIRSTPRIV + 25;
 
-// Room for the longest answer to a private request, the table of stations.
-constexpr std::size_t private_room = 9104;
-
-// The request's length field has 16 bits, so no answer is longer than this.
+// The driver is not told how much room there is for an answer, so each gets all that the request's length
+// field of 16 bits can name. Too large for a worker's stack.
 constexpr std::size_t longest_answer = std::numeric_limits<__u16>::max();
+
+std::unique_ptr<char[]> make_buffer() { return std::make_unique<char[]>(longest_answer + 1); }
+
+constexpr unsigned long number_of(PrivateRequest request) {
+    return SIOCIWFIRSTPRIV + static_cast<unsigned long>(request);
+}
 
 iwreq make_request(const InterfaceName &ifname, void *data, std::size_t length) {
     iwreq request{};
@@ -106,12 +107,11 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
     const Descriptor channel = open_channel(__func__);
     if (!channel.valid())
         return failure;
-    // The driver is not told how much room there is, so the answer gets all that its length field can name.
-    const auto buffer = std::make_unique<char[]>(longest_answer + 1);
+    const auto buffer = make_buffer();
     std::memcpy(buffer.get(), query, length);
     log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, buffer.get(), static_cast<int>(length));
     iwreq request = make_request(ifname, buffer.get(), length);
-    if (issue(__func__, channel, show_request, ifname, &request) != success)
+    if (issue(__func__, channel, number_of(PrivateRequest::show), ifname, &request) != success)
         return failure;
     // The answer's last byte is its terminator. A tab before the text is no part of it.
     const std::size_t answered = request.u.data.length;
@@ -123,14 +123,6 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
 Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
 
 Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }
-
-Status report_asked(const char *who, Asked asked, Line<const char *> no_socket) {
-    if (asked == Asked::no_socket)
-        log_error(no_socket.text, who);
-    else if (asked == Asked::refused)
-        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
-    return asked == Asked::answered ? success : failure;
-}
 
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags) {
     ifreq request{};
@@ -146,15 +138,6 @@ Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second) {
     return asked;
 }
 
-Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer) {
-    // More than the driver is known to write: it is not told how much room there is.
-    const auto buffer = std::make_unique<char[]>(longest_answer + 1);
-    iwreq request = make_request(ifname, buffer.get(), 0);
-    const Asked asked = ask(wps_device_request, ifname, request.ifr_ifrn.ifrn_name, &request);
-    copy_text(ret_answer, asked == Asked::answered ? buffer.get() : "");
-    return asked;
-}
-
 Status reset_wps(const char *who, const InterfaceName &ifname) {
     const Descriptor channel = open_channel(who);
     if (!channel.valid())
@@ -163,25 +146,26 @@ Status reset_wps(const char *who, const InterfaceName &ifname) {
     return issue(who, channel, wps_reset_request, ifname, &request);
 }
 
-Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer) {
-    iwreq request = make_request(ifname, ret_answer->data(), 0);
-    return ask(survey_request, ifname, request.ifr_ifrn.ifrn_name, &request);
-}
-
 Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
                    std::span<std::byte> ret_answer) {
-    const std::size_t text_length = std::strlen(command.text) + 1;
+    const std::size_t text_length = command.text == nullptr ? 0 : std::strlen(command.text) + 1;
     const std::size_t length = std::max(command.announced_length, text_length);
-    if (std::max(length, ret_answer.size()) > private_room)
+    if (std::max(length, ret_answer.size()) > longest_answer)
         return failure;
-    const auto buffer = std::make_unique<char[]>(private_room); // zeroed, and too large for a worker's stack
-    std::memcpy(buffer.get(), command.text, text_length);
+    const Descriptor channel = open_socket();
+    if (!channel.valid()) {
+        log_error(command.no_socket.text, who);
+        return failure;
+    }
+    const auto buffer = make_buffer();
+    std::memcpy(buffer.get(), command.text == nullptr ? "" : command.text, text_length);
     if (command.shown)
         log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", who, buffer.get(), static_cast<int>(length));
     iwreq request = make_request(ifname, buffer.get(), length);
-    const unsigned long number = SIOCIWFIRSTPRIV + static_cast<unsigned>(command.request);
-    if (report_asked(who, ask(number, ifname, request.ifr_ifrn.ifrn_name, &request)) != success)
+    if (ioctl(channel.get(), number_of(command.request), &request) < 0) {
+        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", who, strerror(errno), errno);
         return failure;
+    }
     std::copy_n(reinterpret_cast<const std::byte *>(buffer.get()), ret_answer.size(), ret_answer.data());
     return success;
 }

@@ -24,34 +24,31 @@ Status ZAV_InterfaceDown(int index);
 
 // Standard requests. What came of them is for the caller to report; errno tells why one was refused.
 enum class Asked { answered, no_socket, refused };
-// Writes the error line that is due; call it at once, for errno. 0 where the driver answered, else -1.
-Status report_asked(const char *who, Asked asked,
-                    Line<const char *> no_socket = "[ZAV-API] Error %s socket failed");
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags); // IFF_UP and so on
 Asked ask_bit_rate(const InterfaceName &ifname, int *ret_bits_a_second);
 
-// The driver's words about the device, cut at the buffer and terminated; no answer has more room than this.
-constexpr std::size_t wps_device_room = 501;
-Asked ask_wps_device(const InterfaceName &ifname, std::span<char> ret_answer);
-// Puts the radio's WPS back into its state out of the box. 0, or -1 with an error line that names `who`.
-Status reset_wps(const char *who, const InterfaceName &ifname);
-
-// A site survey: the driver scans within the call, which takes seconds. The buffer holds zeros before.
-using SurveyAnswer = std::array<char, 8232>;
-Asked ask_survey(const InterfaceName &ifname, SurveyAnswer *ret_answer);
-
-// Requests whose command and answer share a buffer, by their distance from the first private one.
-enum class PrivateRequest : unsigned char { statistics = 6, stations = 15, show = 17 };
+// Requests that are answered in a buffer, by their distance from the first private one.
+enum class PrivateRequest : unsigned char {
+    statistics = 6,
+    survey = 12,
+    stations = 15,
+    show = 17,
+    wps_device = 18
+};
 
 struct PrivateCommand {
     PrivateRequest request;
-    const char *text;
+    const char *text = nullptr;       // stands in the buffer before the answer; none: nothing does
     std::size_t announced_length = 0; // to the driver; 0: that of the text with its terminator
     bool shown = true;                // with a debug line
+    Line<const char *> no_socket = "[ZAV-API] Error %s socket failed"; // the error line, which names `who`
 };
 
-// Sends the command and copies out as much of the answer as is asked for; what the driver did not write of
-// its first 9104 bytes is zero, but for the command's own text. -1 with an error line that names `who`, and
-// nothing copied.
+// Sends the command and copies out as much of the answer as is asked for, up to 65535 bytes; what the driver
+// did not write of it is zero, but for the command's own text. A survey lasts seconds. -1 with an error line
+// that names `who`, and nothing copied.
 Status ask_private(const char *who, const InterfaceName &ifname, const PrivateCommand &command,
                    std::span<std::byte> ret_answer);
+
+// Puts the radio's WPS back into its state out of the box. 0, or -1 with an error line that names `who`.
+Status reset_wps(const char *who, const InterfaceName &ifname);

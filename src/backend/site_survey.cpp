@@ -1,5 +1,6 @@
 #include "backend/site_survey.h"
 
+#include "backend/driver_channel.h"
 #include "backend/interfaces.h"
 #include "backend/lifecycle.h"
 #include "backend/log.h"
@@ -8,6 +9,7 @@
 #include <cstring>
 #include <memory>
 #include <mutex>
+#include <span>
 
 namespace {
 
@@ -51,8 +53,8 @@ Status ZAV_ApSiteSurvey(int index) {
     const bool is_24g = ZAV_is24g(ifname.data()) == 1;
     const auto answer = std::make_unique<SurveyAnswer>(); // zeros
     publish_survey(is_24g, *answer);
-    log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, answer->data(), 0);
-    const Status asked = report_asked(__func__, ask_survey(ifname, answer.get()));
+    const Status asked = ask_private(__func__, ifname, {.request = PrivateRequest::survey},
+                                     std::as_writable_bytes(std::span(*answer)));
     if (asked == success)
         publish_survey(is_24g, *answer);
     return asked;

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "backend/driver_channel.h"
 #include "backend/status.h"
 
+#include <array>
 #include <cstddef>
 
 // A site survey asks the driver for the access points that a radio hears. The answer is kept, a block for
@@ -46,6 +46,9 @@ struct SurveyBlock {
     SurveyRecord records[most_neighbours];
 };
 static_assert(sizeof(SurveyBlock) == 7809 && offsetof(SurveyBlock, records) == 1);
+
+// The driver's answer to a survey, which begins with the block.
+using SurveyAnswer = std::array<char, 8232>;
 
 // Replaces the block of the band by the beginning of the answer, whole, so that a reader has the old one or
 // the new one; a count beyond the records is cut to them.

@@ -4,13 +4,13 @@
 #include "backend/interfaces.h"
 #include "backend/lifecycle.h"
 #include "backend/log.h"
+#include "backend/mac.h"
 #include "backend/result_file.h"
 #include "backend/shell.h"
 #include "backend/text.h"
 
 #include <algorithm>
 #include <cstdio>
-#include <cstring>
 #include <memory>
 #include <span>
 #include <string_view>
@@ -42,10 +42,8 @@ const StationRecord *next_station(const char *who, const StationTable &table, un
         const StationRecord &station = table.stations.at((*position)++);
         if (station.bss + 1U != bss)
             continue;
-        const auto &mac = station.mac;
-        log_debug("[ZAV-API] %s MAC:: %02X:%02X:%02X:%02X:%02X:%02X, MCS: %d, BW: %s.\n", who, mac[0], mac[1],
-                  mac[2], mac[3], mac[4], mac[5], station.rate & 0x7F,
-                  (station.rate & 0x80) != 0 ? "40M" : "20M");
+        log_debug("[ZAV-API] %s MAC:: %s, MCS: %d, BW: %s.\n", who, text_of(station.mac).data(),
+                  station.rate & 0x7F, (station.rate & 0x80) != 0 ? "40M" : "20M");
         return &station;
     }
     return nullptr;
@@ -85,8 +83,6 @@ constexpr CounterWord counter_words[] = {
     {"", 0},
     {"", 0},
 };
-
-constexpr char blanks[] = " \t\n\v\f\r";
 
 } // namespace
 
@@ -173,25 +169,22 @@ Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value) {
 }
 
 Status parse_packet_counters(const char *who, const char *answer, PacketCounters *ret_counters) {
-    std::array<const char *, std::size(counter_words)> words{};
-    std::size_t found = 0;
-    for (const char *next = answer; found < words.size(); ++found) {
-        next += std::strspn(next, blanks);
-        if (*next == '\0')
-            break;
-        words.at(found) = next;
-        next += std::strcspn(next, blanks);
-    }
-    if (found < words.size()) {
+    std::array<std::string_view, std::size(counter_words)> words;
+    std::string_view rest = answer;
+    for (auto &word : words)
+        word = take_word(&rest);
+    if (words.back().empty()) {
+        const auto found = std::find(words.begin(), words.end(), "") - words.begin();
         log_debug("[ZAV-API] %s pkt_counters, not enough params returned %i.\n", who,
                   static_cast<int>(found));
         return failure;
     }
     for (std::size_t i = 0; i < words.size(); ++i) {
         const auto &[name, place] = counter_words[i];
+        const std::string_view word = words.at(i);
         if (name.empty())
             continue;
-        const std::string_view word(words.at(i), std::strcspn(words.at(i), blanks));
+        // What follows the word in the answer is a blank, so a number ends with it.
         const bool has_value = word.starts_with(name) && word.size() > name.size();
         if (!has_value || !scan_number(word.data() + name.size(), &ret_counters->at(place), nullptr, 0))
             return failure;

@@ -1,11 +1,11 @@
 #include "rrm/air_time.h"
 
 #include "backend/config_store.h"
-#include "backend/driver_channel.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
+#include "backend/mac.h"
 #include "backend/stations.h"
 #include "backend/value_lists.h"
+#include "rrm/driver_data.h"
 
 #include <cstdio>
 #include <functional>
@@ -24,42 +24,9 @@ constexpr std::size_t most_station_weights = 32;
 constexpr std::size_t longest_station_weights = 2000;
 constexpr int highest_rated_station = 15;
 
-using MacText = std::array<char, 18>;
-using MacBytes = std::array<unsigned char, 6>;
-
-MacText text_of(const MacBytes &mac) {
-    MacText text;
-    std::snprintf(text.data(), text.size(), "%02X:%02X:%02X:%02X:%02X:%02X", mac[0], mac[1], mac[2], mac[3],
-                  mac[4], mac[5]);
-    return text;
-}
-
 Status refuse_weight(const char *who) {
     log_debug("[ZAV-API] %s invalid weight. weight should be in Range of 0-100\n", who);
     return failure;
-}
-
-// Where a BSS is spoken to.
-using FindName = Status (*)(InterfaceName *, int, unsigned *);
-
-Status find_name(const char *who, FindName find, int index, InterfaceName *ret_name,
-                 unsigned *ret_bss = nullptr) {
-    if (find(ret_name, index, ret_bss) == success)
-        return success;
-    log_debug("[ZAV-API] %s error searching for the name of interface with index %d\n", who, index);
-    return failure;
-}
-
-Status ask_block(const char *who, FindName find, int index, const PrivateCommand &command,
-                 std::span<std::byte> ret_block) {
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", who);
-        return failure;
-    }
-    InterfaceName ifname{};
-    if (find_name(who, find, index, &ifname) != success)
-        return failure;
-    return ask_private(who, ifname, command, ret_block);
 }
 
 void send_weight(const char *who, char level, unsigned number, int weight, const InterfaceName &ifname) {
@@ -142,15 +109,6 @@ Status store_station_weight(const char *who, const InterfaceName &ifname, const 
 
 } // namespace
 
-Status SetDriverDataOnTheFly(const char *command, const InterfaceName &ifname, int kind) {
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
-        return failure;
-    }
-    const PrivateRequest request = kind == 1 ? PrivateRequest::show : PrivateRequest::statistics;
-    return ask_private(__func__, ifname, {.request = request, .text = command, .shown = false}, {});
-}
-
 Status ZAV_SetBssWeight(int index, int weight) {
     if (weight < 0 || weight > highest_weight)
         return refuse_weight(__func__);
@@ -180,7 +138,7 @@ Status ZAV_GetBssWeight(int index, unsigned *ret_weight) {
     InterfaceName ifname;
     unsigned bss = 0;
     int weight = 0;
-    if (find_name(__func__, GET_IFNAME_FROM_INDEX, index, &ifname, &bss) != success)
+    if (find_name_of(__func__, GET_IFNAME_FROM_INDEX, index, &ifname, &bss) != success)
         return failure;
     if (read_list_number(ifname.data(), bss_weights_key, bss, &weight) != success) {
         log_debug("[ZAV-API] %s Can't get %s parameter from NVRAM\n", __func__, bss_weights_key);
@@ -223,8 +181,8 @@ Status ZAV_DelAirTimeStaByMac(int, const char *) {
 
 Status zavChangeOrRemoveStaWeight(int index, const char *mac, int weight) {
     InterfaceName ifname, air_time;
-    if (find_name(__func__, GET_IFNAME_FROM_INDEX, index, &ifname) != success ||
-        find_name(__func__, GET_ATM_IFNAME_FROM_INDEX, index, &air_time) != success)
+    if (find_name_of(__func__, GET_IFNAME_FROM_INDEX, index, &ifname) != success ||
+        find_name_of(__func__, GET_ATM_IFNAME_FROM_INDEX, index, &air_time) != success)
         return failure;
     MacBytes bytes{};
     if (std::sscanf(mac, "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx", &bytes[0], &bytes[1], &bytes[2], &bytes[3],

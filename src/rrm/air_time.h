@@ -29,10 +29,6 @@ static_assert(sizeof(QueueBlock) == 4096);
 
 constexpr std::size_t rate_block_size = 976;
 
-// Sends a command that has no answer, by the request 0x8BF1 when `kind` is 1, else by 0x8BE6. -1 before the
-// driver is initialised.
-Status SetDriverDataOnTheFly(const char *command, const InterfaceName &ifname, int kind);
-
 // The weight of a BSS in percent, 0 to 100, told to the driver and stored. What the driver says to it does
 // not matter; -1 when nothing was written, so also for the weight that is stored already.
 Status ZAV_SetBssWeight(int index, int weight);

@@ -1,11 +1,9 @@
 #include "rrm/radio_statistics.h"
 
-#include "backend/driver_channel.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/packed.h"
-#include "rrm/air_time.h"
+#include "rrm/driver_data.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -37,18 +35,13 @@ Status read_statistics(const char *who, int index, bool has_room, const char *wh
         log_debug("[ZAV-API] %s %s is not initialized\n", who, what);
         return failure;
     }
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", who);
-        return failure;
-    }
-    InterfaceName ifname{};
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success) {
-        log_debug("[ZAV-API] %s error searching for the name of interface with index %d\n", who, index);
-        return failure;
-    }
     constexpr std::size_t announced_length = 500;
-    return ask_private(who, ifname, {PrivateRequest::statistics, "RadioStat.-o", announced_length, false},
-                       std::as_writable_bytes(std::span(ret_statistics, 1)));
+    return ask_block(who, GET_IFNAME_FROM_INDEX, index,
+                     {.request = PrivateRequest::statistics,
+                      .text = "RadioStat.-o",
+                      .announced_length = announced_length,
+                      .shown = false},
+                     std::as_writable_bytes(std::span(ret_statistics, 1)));
 }
 
 constexpr char statistics_name[] = "Channel Statistics";

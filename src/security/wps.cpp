@@ -348,9 +348,12 @@ Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {
         log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
         return failure;
     }
-    std::array<char, wps_device_room> answer{};
-    if (report_asked(__func__, ask_wps_device(radio.ifname, answer),
-                     "[ZAV-API] Error %s ioctl sock failed!\n") != success)
+    std::array<char, 501> answer{}; // the driver writes 500 bytes at the most
+    const PrivateCommand command{.request = PrivateRequest::wps_device,
+                                 .shown = false,
+                                 .no_socket = "[ZAV-API] Error %s ioctl sock failed!\n"};
+    if (ask_private(__func__, radio.ifname, command,
+                    std::as_writable_bytes(std::span(answer).first<500>())) != success)
         return failure;
     std::string_view rest = answer.data(), word;
     for (int i = 0; i < 7; ++i)

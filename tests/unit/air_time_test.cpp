@@ -4,6 +4,7 @@
 #include "api/radio_statistics.h"
 #include "driver_double.h"
 #include "rrm/air_time.h"
+#include "rrm/driver_data.h"
 
 #include <climits>
 #include <cstdlib>

@@ -21,7 +21,6 @@
 namespace {
 
 constexpr std::size_t file_limit = longest_setting;
-constexpr std::size_t longest_key = 57;
 constexpr char lock_file[] = "/tmp/nvram_set_lock";
 constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
 
@@ -33,6 +32,14 @@ std::array<char, file_limit> changed_text;
 struct Place {
     std::size_t begin, end;
 };
+
+bool is_locked(const char *who) {
+    errno = 0;
+    if (access(lock_file, F_OK) != 0)
+        return false;
+    log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", who, strerror(errno));
+    return true;
+}
 
 // The directory is taken from the environment once and kept.
 const char *band_file(bool is_24g) {
@@ -147,14 +154,17 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
     return success;
 }
 
+Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value) {
+    ret_value->assign(longest_setting, '\0'); // on the heap: a worker's stack is small
+    const Status result = nvram_get_str(ifname, key, *ret_value);
+    ret_value->resize(std::strlen(ret_value->c_str()));
+    return result;
+}
+
 Status nvram_set_str(const char *ifname, const char *key, const char *value) {
     const std::lock_guard held(store_mutex);
-    errno = 0;
-    if (access(lock_file, F_OK) == 0) {
-        log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", __func__,
-                  strerror(errno));
+    if (is_locked(__func__))
         return failure;
-    }
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s\n", __func__, ifname, key, value);
     if (!is_key(key) || std::strchr(value, '\n') != nullptr) {
         log_error("[ZAV-API] Error %s key or value does not fit the settings file\n", __func__);
@@ -167,6 +177,16 @@ Status nvram_set_int(const char *ifname, const char *key, int value) {
     std::array<char, 12> text{};
     std::to_chars(text.data(), text.data() + text.size() - 1, value);
     return nvram_set_str(ifname, key, text.data());
+}
+
+Status nvram_change_by_command(const char *who, const char *ifname, std::string_view text,
+                               Status (*change)(const char *who, const char *path)) {
+    const std::lock_guard held(store_mutex);
+    const char *path = nullptr;
+    if (is_locked(who) || getNvramPath(ifname, &path) != success)
+        return failure;
+    const auto stored = read_settings(open_settings(ifname));
+    return stored && stored->find(text) != stored->npos ? change(who, path) : success;
 }
 
 bool nvram_has_room(const char *ifname, std::size_t added) {

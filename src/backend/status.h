@@ -6,3 +6,10 @@ enum [[nodiscard]] Status : int{
     unchanged = 2,   // the stored value was already equal, nothing was written
     in_progress = 3, // accepted, not finished yet
 };
+
+// The result of two writes that belong together: 2 only when both found their values stored.
+constexpr Status both(Status first, Status second) {
+    if (first == failure || second == failure)
+        return failure;
+    return first == unchanged && second == unchanged ? unchanged : success;
+}

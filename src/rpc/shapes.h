@@ -46,7 +46,7 @@ template <class Value, class Operand>
 int set(const char *who, Status (*operation)(int, Operand), ValueLine<Value> line, int index, Value value,
         wlan_config_return_code_e *result) {
     say(who, line, shown(value));
-    *result = code_of(operation(index, value));
+    *result = code_of(operation(index, static_cast<Operand>(value)));
     return 1;
 }
 
@@ -55,7 +55,7 @@ template <class Value, class Operand>
 int set_of(const char *who, Status (*operation)(int, int, Operand), ValueLine<Value> line, int index,
            int selector, Value value, wlan_config_return_code_e *result) {
     say(who, line, shown(value));
-    *result = code_of(operation(index, selector, value));
+    *result = code_of(operation(index, selector, static_cast<Operand>(value)));
     return 1;
 }
 

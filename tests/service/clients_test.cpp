@@ -59,7 +59,8 @@ void compare(const Procedure &row, const std::string &words, const nlohmann::jso
     } else {
         const nlohmann::json &value = answer["value"];
         const auto number = (value.is_array() ? value.at(0) : value).get<long long>();
-        EXPECT_EQ(std::stoll(rest.substr(rest.find(" numbers ") + 9)), number);
+        const long long sent = std::stoll(rest.substr(rest.find(" numbers ") + 9)); // as it travels: unsigned
+        EXPECT_EQ(row.result == Result::integer ? static_cast<int>(sent) : sent, number);
     }
 }
 

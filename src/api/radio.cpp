@@ -3,6 +3,7 @@
 #include "api/wrapper.h"
 #include "backend/driver_channel.h"
 #include "backend/text.h"
+#include "radio/radio.h"
 
 #include <array>
 #include <cstdio>
@@ -66,28 +67,147 @@ Status wlan_setAutoRateFallbackEnable(int index, unsigned enable) {
     return set_key(__func__, "AutoRateFallback", "enable=%u\n", "enable set to:%d\n", index, enable);
 }
 
-Status wlan_getWmmSupported(int index, unsigned *ret_supported) {
-    return get_key(__func__, "WmmCapable", 0, "supported is %i.\n", index, ret_supported);
-}
-
-Status wlan_getWmmUaspdSupported(int index, unsigned *ret_supported) {
-    return get_key(__func__, "APSDCapable", 0, "supported is %i.\n", index, ret_supported);
-}
-
-Status wlan_getWmmUaspdEnable(int index, unsigned *ret_enable) {
-    return get_key(__func__, "APSDCapable", 0, "enable is %i.\n", index, ret_enable);
-}
-
-Status wlan_getWMMAPSD(int index, unsigned *ret_enable) {
-    return get(__func__, wlan_getWmmUaspdEnable, "apsd is: %d\n", index, ret_enable);
-}
-
 Status wlan_getWPAGroupReAuthInterval(int index, unsigned *ret_interval) {
     return get_key(__func__, "GroupRekeyInterval", 0, "interval is %d\n", index, ret_interval);
 }
 
 Status wlan_setWPAGroupReAuthInterval(int index, unsigned interval) {
     return set_key(__func__, "GroupRekeyInterval", "reAuthInt=%u\n", "interval set to:%d\n", index, interval);
+}
+
+Status wlan_getCountryCode(int index, std::span<char> ret_code) {
+    return get(__func__, ZAV_GetCountryCode, "country code is %s\n", index, ret_code);
+}
+
+Status wlan_setCountryCode(int index, const char *code) {
+    return set(__func__, ZAV_SetCountryCode, "countryCode=%s\n", "country code set to:%s\n", index, code);
+}
+
+Status wlan_getBGProtection(int index, unsigned *ret_enable) {
+    return get(__func__, ZAV_GetBGProtection, "bg protection is %d\n", index, ret_enable);
+}
+
+Status wlan_setBGProtection(int index, unsigned enable) {
+    return set(__func__, ZAV_SetBGProtection, "protection=%u\n", "bg protection set to:%d\n", index, enable);
+}
+
+Status wlan_getBeaconInterval(int index, unsigned *ret_interval) {
+    return get(__func__, ZAV_GetBeaconInterval, "beacon interval is %d\n", index, ret_interval);
+}
+
+Status wlan_setBeaconInterval(int index, unsigned interval) {
+    return set(__func__, ZAV_SetBeaconInterval, "beaconInt=%u\n", "beacon interval set to:%d\n", index,
+               interval);
+}
+
+Status wlan_getDtimPeriod(int index, unsigned *ret_period) {
+    return get(__func__, ZAV_GetDtimPeriod, "dtim period is %d\n", index, ret_period);
+}
+
+Status wlan_setDtimPeriod(int index, unsigned period) {
+    return set(__func__, ZAV_SetDtimPeriod, "dtimInt=%u\n", "dtim period set to:%d\n", index, period);
+}
+
+Status wlan_getTxPreamble(int index, unsigned *ret_preamble) {
+    return get(__func__, ZAV_GetTxPreamble, "tx preamble is %d\n", index, ret_preamble);
+}
+
+Status wlan_setTxPreamble(int index, unsigned preamble) {
+    return set(__func__, ZAV_SetTxPreamble, "txPreamble=%u\n", "tx preamble set to:%d\n", index, preamble);
+}
+
+Status wlan_getRTSThreshold(int index, unsigned *ret_threshold) {
+    return get(__func__, ZAV_GetRTSThreshold, "rts threshold is %d\n", index, ret_threshold);
+}
+
+Status wlan_setRTSThreshold(int index, unsigned threshold) {
+    return set(__func__, ZAV_SetRTSThreshold, "rtsThreshold=%u\n", "rts threshold set to:%d\n", index,
+               threshold);
+}
+
+Status wlan_getFragThreshold(int index, unsigned *ret_threshold) {
+    return get(__func__, ZAV_GetFragThreshold, "frag threshold is %d\n", index, ret_threshold);
+}
+
+Status wlan_setFragThreshold(int index, unsigned threshold) {
+    return set(__func__, ZAV_SetFragThreshold, "fragThreshold=%u\n", "frag threshold set to:%d\n", index,
+               threshold);
+}
+
+Status wlan_getShortSlot(int index, unsigned *ret_enable) {
+    return get(__func__, ZAV_GetShortSlot, "short slot is %d\n", index, ret_enable);
+}
+
+Status wlan_setShortSlot(int index, unsigned enable) {
+    return set(__func__, ZAV_SetShortSlot, "shortSlot=%u\n", "short slot set to:%d\n", index, enable);
+}
+
+Status wlan_getTxBurst(int index, unsigned *ret_enable) {
+    return get(__func__, ZAV_GetTxBurst, "tx burst is %d\n", index, ret_enable);
+}
+
+Status wlan_setTxBurst(int index, unsigned enable) {
+    return set(__func__, ZAV_SetTxBurst, "enable=%u\n", "tx burst set to:%d\n", index, enable);
+}
+
+Status wlan_getShortRetryLimit(int index, unsigned *ret_limit) {
+    return get(__func__, ZAV_GetShortRetryLimit, "short retry limit is %d\n", index, ret_limit);
+}
+
+Status wlan_setShortRetryLimit(int index, unsigned limit) {
+    return set(__func__, ZAV_SetShortRetryLimit, "shortLimit=%u\n", "short retry limit set to:%d\n", index,
+               limit);
+}
+
+Status wlan_getLongRetryLimit(int index, unsigned *ret_limit) {
+    return get(__func__, ZAV_GetLongRetryLimit, "long retry limit is %d\n", index, ret_limit);
+}
+
+Status wlan_setLongRetryLimit(int index, unsigned limit) {
+    return set(__func__, ZAV_SetLongRetryLimit, "longLimit=%u\n", "long retry limit set to:%d\n", index,
+               limit);
+}
+
+Status wlan_getWPAPreAuth(int index, unsigned *ret_enable) {
+    return get(__func__, ZAV_GetWPAPreAuth, "wpa preauth is %d\n", index, ret_enable);
+}
+
+Status wlan_setWPAPreAuth(int index, unsigned enable) {
+    return set(__func__, ZAV_SetWPAPreAuth, "preAuth=%u\n", "wpa preauth set to:%d\n", index, enable);
+}
+
+Status wlan_getBssIsolate(int index, unsigned *ret_enable) {
+    return get(__func__, ZAV_GetBssIsolate, "bss isolate is %d\n", index, ret_enable);
+}
+
+Status wlan_setBssIsolate(int index, unsigned enable) {
+    return set(__func__, ZAV_SetBssIsolate, "enable=%u\n", "bss isolate set to:%d\n", index, enable);
+}
+
+Status wlan_getIGMPSnooping(int index, unsigned *ret_enable) {
+    return get_passing(__func__, ZAV_GetIGMPSnooping, "igmp snooping is %d\n", index, ret_enable);
+}
+
+Status wlan_setIGMPSnooping(int index, unsigned enable) {
+    return set(__func__, ZAV_SetIGMPSnooping, "enable=%u\n", "igmp snooping set to:%d\n", index, enable);
+}
+
+Status wlan_getAcctUpdateInterval(int index, unsigned *ret_interval) {
+    return get(__func__, ZAV_GetAcctUpdateInterval, "acct update interval is %d\n", index, ret_interval);
+}
+
+Status wlan_setAcctUpdateInterval(int index, unsigned interval) {
+    return set(__func__, ZAV_SetAcctUpdateInterval, "interval=%u\n", "acct update interval set to:%d\n",
+               index, interval);
+}
+
+Status wlan_SetFCC1430Enable(unsigned enable) {
+    const Status result = ZAV_SetFCC_14_30_Enable(enable);
+    if (result == failure)
+        log_error("[ZAV-API] Error %s int wlan_SetFCC1430Enable failed !!!\n", __func__);
+    else
+        log_debug("[ZAV-API] %s FCC 14/30 set to:%u\n", __func__, enable);
+    return folded(result);
 }
 
 Status wlan_getRadioStats(int index) {

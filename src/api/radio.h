@@ -4,8 +4,8 @@
 
 #include <span>
 
-// Settings of a radio that are a key of the settings file. Getters always answer 0, with the default for an
-// index without a BSS or an absent key; setters answer 0 written, 2 already stored, -1 failure.
+// Settings of a radio. Setters answer 0 written, 2 already stored, -1 failure. The getters of the first
+// always answer 0, with the default for an index without a BSS or an absent key.
 
 // Mbit/s as decimal text, default "11".
 Status wlan_getMaxBitRate(int index, std::span<char> ret_rate);
@@ -26,15 +26,56 @@ Status wlan_getTransmitPowerSupported(int index, std::span<char> ret_list);
 Status wlan_getAutoRateFallbackEnable(int index, unsigned *ret_enable);
 Status wlan_setAutoRateFallbackEnable(int index, unsigned enable);
 
-// 0 or 1, default 0.
-Status wlan_getWmmSupported(int index, unsigned *ret_supported);
-Status wlan_getWmmUaspdSupported(int index, unsigned *ret_supported);
-Status wlan_getWmmUaspdEnable(int index, unsigned *ret_enable);
-Status wlan_getWMMAPSD(int index, unsigned *ret_enable);
-
 // Seconds, default 0.
 Status wlan_getWPAGroupReAuthInterval(int index, unsigned *ret_interval);
 Status wlan_setWPAGroupReAuthInterval(int index, unsigned interval);
+
+// The getters of the following answer -1 instead. Flags are 0 or 1; numbers are stored as they come.
+
+// Any text; it is stored as it is. The getter cuts it at the buffer.
+Status wlan_getCountryCode(int index, std::span<char> ret_code);
+Status wlan_setCountryCode(int index, const char *code);
+
+// On is stored as 0, off as 2.
+Status wlan_getBGProtection(int index, unsigned *ret_enable);
+Status wlan_setBGProtection(int index, unsigned enable);
+
+// Beacons, in TU and in beacons; accounting updates, in seconds.
+Status wlan_getBeaconInterval(int index, unsigned *ret_interval);
+Status wlan_setBeaconInterval(int index, unsigned interval);
+Status wlan_getDtimPeriod(int index, unsigned *ret_period);
+Status wlan_setDtimPeriod(int index, unsigned period);
+Status wlan_getAcctUpdateInterval(int index, unsigned *ret_interval);
+Status wlan_setAcctUpdateInterval(int index, unsigned interval);
+
+// Bytes.
+Status wlan_getRTSThreshold(int index, unsigned *ret_threshold);
+Status wlan_setRTSThreshold(int index, unsigned threshold);
+Status wlan_getFragThreshold(int index, unsigned *ret_threshold);
+Status wlan_setFragThreshold(int index, unsigned threshold);
+
+Status wlan_getTxPreamble(int index, unsigned *ret_preamble);
+Status wlan_setTxPreamble(int index, unsigned preamble);
+Status wlan_getShortSlot(int index, unsigned *ret_enable);
+Status wlan_setShortSlot(int index, unsigned enable);
+Status wlan_getTxBurst(int index, unsigned *ret_enable);
+Status wlan_setTxBurst(int index, unsigned enable);
+
+Status wlan_getShortRetryLimit(int index, unsigned *ret_limit);
+Status wlan_setShortRetryLimit(int index, unsigned limit);
+Status wlan_getLongRetryLimit(int index, unsigned *ret_limit);
+Status wlan_setLongRetryLimit(int index, unsigned limit);
+
+Status wlan_getWPAPreAuth(int index, unsigned *ret_enable);
+Status wlan_setWPAPreAuth(int index, unsigned enable);
+// Isolation of the BSSes from each other.
+Status wlan_getBssIsolate(int index, unsigned *ret_enable);
+Status wlan_setBssIsolate(int index, unsigned enable);
+Status wlan_getIGMPSnooping(int index, unsigned *ret_enable);
+Status wlan_setIGMPSnooping(int index, unsigned enable);
+
+// Always of the 5 GHz radio. 0 or -1.
+Status wlan_SetFCC1430Enable(unsigned enable);
 
 // Accepted and ignored, always 0.
 Status wlan_getRadioStats(int index);

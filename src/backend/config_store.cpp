@@ -21,7 +21,6 @@
 namespace {
 
 constexpr std::size_t file_limit = longest_setting;
-constexpr std::size_t longest_key = 57;
 constexpr char lock_file[] = "/tmp/nvram_set_lock";
 constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
 
@@ -33,6 +32,14 @@ std::array<char, file_limit> changed_text;
 struct Place {
     std::size_t begin, end;
 };
+
+bool is_locked(const char *who) {
+    errno = 0;
+    if (access(lock_file, F_OK) != 0)
+        return false;
+    log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", who, strerror(errno));
+    return true;
+}
 
 // The directory is taken from the environment once and kept.
 const char *band_file(bool is_24g) {
@@ -100,22 +107,33 @@ std::optional<std::string_view> join(std::initializer_list<std::string_view> pie
     return std::string_view(changed_text.data(), length);
 }
 
+// A value that closes its line has a line feed of its own before the one that ends the line.
+struct Value {
+    std::string_view text;
+    bool closes_line = false;
+    std::string_view closing() const { return closes_line && !text.empty() ? "\n" : ""; }
+};
+
 std::optional<std::string_view> with_value(std::string_view text, std::optional<Place> place,
-                                           std::string_view key, std::string_view value) {
-    if (place)
-        return join({text.substr(0, place->begin), value, text.substr(place->end)});
+                                           std::string_view key, const Value &value) {
+    if (place) {
+        std::string_view tail = text.substr(place->end);
+        if (value.closes_line && tail.starts_with("\n\n"))
+            tail.remove_prefix(1); // the old value's own
+        return join({text.substr(0, place->begin), value.text, value.closing(), tail});
+    }
     // In an empty file the key would stand in the header line, where it is never found.
     const bool open_line = text.empty() || text.back() != '\n';
-    return join({text, open_line ? "\n" : "", key, "=", value, "\n"});
+    return join({text, open_line ? "\n" : "", key, "=", value.text, value.closing(), "\n"});
 }
 
-Status store_value(const char *who, Descriptor file, std::string_view key, std::string_view value) {
+Status store_value(const char *who, Descriptor file, std::string_view key, const Value &value) {
     const auto text = read_settings(file);
     if (!text)
         return failure;
     const auto place = find_value(*text, key);
     const bool is_whole = text->size() < file_limit;
-    if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value)
+    if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value.text)
         return unchanged;
     const auto changed = with_value(*text, place, key, value);
     if (!is_whole || !changed) {
@@ -129,6 +147,22 @@ Status store_value(const char *who, Descriptor file, std::string_view key, std::
     if (place)
         log_debug("[ZAV-API] %s done with SUCCESS\n", who);
     return success;
+}
+
+Status set_value(const char *who, const char *ifname, const char *key, const char *text, bool closes_line) {
+    const std::lock_guard held(store_mutex);
+    const Value value{text, closes_line};
+    if (is_locked(who))
+        return failure;
+    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s%s\n", who, ifname, key, text,
+              value.closing().data());
+    if (!is_key(key)) {
+        log_error("[ZAV-API] Error %s key does not fit the settings file\n", who);
+        return failure;
+    }
+    if (!nvram_can_hold(who, text))
+        return failure;
+    return store_value(who, open_settings(ifname), key, value);
 }
 
 } // namespace
@@ -149,7 +183,7 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
     return success;
 }
 
-Status nvram_get_whole_str(const char *ifname, const char *key, std::string *ret_value) {
+Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value) {
     ret_value->assign(longest_setting, '\0'); // on the heap: a worker's stack is small
     const Status result = nvram_get_str(ifname, key, *ret_value);
     ret_value->resize(std::strlen(ret_value->c_str()));
@@ -157,21 +191,11 @@ Status nvram_get_whole_str(const char *ifname, const char *key, std::string *ret
 }
 
 Status nvram_set_str(const char *ifname, const char *key, const char *value) {
-    const std::lock_guard held(store_mutex);
-    errno = 0;
-    if (access(lock_file, F_OK) == 0) {
-        log_error("[ZAV-API] Error %s ZAV750*.dat file is used now, strerror: %s\n", __func__,
-                  strerror(errno));
-        return failure;
-    }
-    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s\n", __func__, ifname, key, value);
-    if (!is_key(key)) {
-        log_error("[ZAV-API] Error %s key does not fit the settings file\n", __func__);
-        return failure;
-    }
-    if (!nvram_can_hold(__func__, value))
-        return failure;
-    return store_value(__func__, open_settings(ifname), key, value);
+    return set_value(__func__, ifname, key, value, false);
+}
+
+Status nvram_set_closed_str(const char *ifname, const char *key, const char *value) {
+    return set_value(__func__, ifname, key, value, true);
 }
 
 Status nvram_set_int(const char *ifname, const char *key, int value) {
@@ -184,6 +208,16 @@ bool nvram_can_hold(const char *who, const char *value) {
     if (!is_value(value))
         log_error("[ZAV-API] Error %s value does not fit the settings file\n", who);
     return is_value(value);
+}
+
+Status nvram_change_by_command(const char *who, const char *ifname, std::string_view text,
+                               Status (*change)(const char *who, const char *path)) {
+    const std::lock_guard held(store_mutex);
+    const char *path = nullptr;
+    if (is_locked(who) || getNvramPath(ifname, &path) != success)
+        return failure;
+    const auto stored = read_settings(open_settings(ifname));
+    return stored && stored->find(text) != stored->npos ? change(who, path) : success;
 }
 
 bool nvram_has_room(const char *ifname, std::size_t added) {

@@ -23,7 +23,7 @@ std::string_view take_field(std::string_view *list) {
 Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
                   std::span<char> ret_text) {
     std::string stored;
-    if (!has_field(bss) || nvram_get_whole_str(ifname, key, &stored) != success)
+    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
         return failure;
     std::string_view rest = stored, field;
     for (unsigned i = 1; i <= bss; ++i) {
@@ -42,17 +42,20 @@ Status refuse_text(const char *who) {
 
 } // namespace
 
+void parse_numbers(const char *list, std::span<int> ret_numbers) {
+    std::fill(ret_numbers.begin(), ret_numbers.end(), 0);
+    for (int &number : ret_numbers) {
+        if (!scan_number(list, &number, &list) || *list != ';')
+            break;
+        ++list;
+    }
+}
+
 Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers) {
     std::string stored;
-    if (nvram_get_whole_str(ifname, key, &stored) != success)
+    if (nvram_get_whole(ifname, key, &stored) != success)
         return failure;
-    std::fill(ret_numbers.begin(), ret_numbers.end(), 0);
-    const char *next = stored.c_str();
-    for (int &number : ret_numbers) {
-        if (!scan_number(next, &number, &next) || *next != ';')
-            break;
-        ++next;
-    }
+    parse_numbers(stored.c_str(), ret_numbers);
     return success;
 }
 
@@ -93,7 +96,7 @@ Status write_list_text(const char *who, const char *ifname, const char *key, uns
     if (!fits_list(text))
         return refuse_text(who);
     std::string stored, changed;
-    if (!has_field(bss) || nvram_get_whole_str(ifname, key, &stored) != success)
+    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
         return failure;
     std::string_view rest = stored;
     for (unsigned field = 1; field <= list_fields; ++field) {

@@ -13,6 +13,7 @@ using NumberList = std::array<int, list_fields>;
 
 // The numbers up to the first field that is none, zeros behind them; -1 when the key is absent. Writing: as
 // nvram_set_str. Lists of any length: 16 fields for the BSSes, 4 for access categories, 13 for channels.
+void parse_numbers(const char *list, std::span<int> ret_numbers);
 Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers);
 Status write_numbers(const char *ifname, const char *key, std::span<const int> numbers);
 

@@ -39,18 +39,6 @@ int wlan_set_auto_rate_fallback_enable_1_svc(int index, bool value, wlan_config_
     return set(__func__, wlan_setAutoRateFallbackEnable, "[enable=%d]\n", index, value, result);
 }
 
-int wlan_get_wmm_supported_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_number(__func__, wlan_getWmmSupported, "[supported = %d ]\n", index, result);
-}
-
-int wlan_get_wmm_uaspd_supported_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_number(__func__, wlan_getWmmUaspdSupported, "[supported = %d ]\n", index, result);
-}
-
-int wlan_get_wmm_uaspd_enable_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_number(__func__, wlan_getWmmUaspdEnable, "[enable = %d ]\n", index, result);
-}
-
 int wlan_get_wpa_group_reauth_interval_1_svc(int index, wlan_config_result_data_t *result) {
     return get_number(__func__, wlan_getWPAGroupReAuthInterval, "[out_uint = %d ]\n", index, result);
 }
@@ -59,6 +47,128 @@ int wlan_set_wpa_group_reauth_interval_1_svc(int index, unsigned value, wlan_con
     return set(__func__, wlan_setWPAGroupReAuthInterval, "[reAuthInt=%d]\n", index, value, result);
 }
 
-int wlan_get_wmm_apsd_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_number(__func__, wlan_getWMMAPSD, "[apsd = %d ]\n", index, result);
+int wlan_get_country_code_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_text_by_name<30>(__func__, wlan_getCountryCode, "[name %s]\n", index, result);
+}
+
+int wlan_set_country_code_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setCountryCode, "[country_code=%s]\n", index, value, result);
+}
+
+int wlan_get_bg_protection_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getBGProtection, "[protection = %d ]\n", index, result);
+}
+
+int wlan_set_bg_protection_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setBGProtection, "[protection=%d]\n", index, value, result);
+}
+
+int wlan_get_beacon_interval_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getBeaconInterval, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_beacon_interval_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setBeaconInterval, "[beaconInt=%d]\n", index, value, result);
+}
+
+int wlan_get_dtim_period_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getDtimPeriod, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_dtim_period_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setDtimPeriod, "[dtimInt=%d]\n", index, value, result);
+}
+
+int wlan_get_tx_preamble_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getTxPreamble, "[txPreamble = %d ]\n", index, result);
+}
+
+int wlan_set_tx_preamble_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setTxPreamble, "[txPreamble=%d]\n", index, value, result);
+}
+
+int wlan_get_rts_threshold_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getRTSThreshold, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_rts_threshold_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setRTSThreshold, "[rtsThreshold=%d]\n", index, value, result);
+}
+
+int wlan_get_frag_threshold_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getFragThreshold, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_frag_threshold_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setFragThreshold, "[fragThreshold=%d]\n", index, value, result);
+}
+
+int wlan_get_short_slot_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getShortSlot, "[shortSlot = %d ]\n", index, result);
+}
+
+int wlan_set_short_slot_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setShortSlot, "[shortSlot=%d]\n", index, value, result);
+}
+
+int wlan_get_tx_burst_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getTxBurst, "[txBurst = %d ]\n", index, result);
+}
+
+int wlan_set_tx_burst_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setTxBurst, "[txBurst=%d]\n", index, value, result);
+}
+
+int wlan_get_short_retry_limit_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getShortRetryLimit, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_short_retry_limit_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setShortRetryLimit, "[shortLimit=%d]\n", index, value, result);
+}
+
+int wlan_get_long_retry_limit_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getLongRetryLimit, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_long_retry_limit_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setLongRetryLimit, "[longLimit=%d]\n", index, value, result);
+}
+
+int wlan_get_wpa_preauth_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getWPAPreAuth, "[nProtection = %d ]\n", index, result);
+}
+
+int wlan_set_wpa_preauth_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setWPAPreAuth, "[preAuth=%d]\n", index, value, result);
+}
+
+int wlan_get_bss_isolate_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getBssIsolate, "[apsd = %d ]\n", index, result);
+}
+
+int wlan_set_bss_isolate_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setBssIsolate, "[enable=%d]\n", index, value, result);
+}
+
+int wlan_get_igmp_snooping_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getIGMPSnooping, "[enable = %d ]\n", index, result);
+}
+
+int wlan_set_igmp_snooping_1_svc(int index, bool value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setIGMPSnooping, "[enable=%d]\n", index, value, result);
+}
+
+int wlan_get_acct_interim_interval_1_svc(int index, wlan_config_result_data_t *result) {
+    return get_number(__func__, wlan_getAcctUpdateInterval, "[out_uint = %d ]\n", index, result);
+}
+
+int wlan_set_acct_interim_interval_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
+    return set(__func__, wlan_setAcctUpdateInterval, "[AcctInerimInterval=%d]\n", index, value, result);
+}
+
+int wlan_set_fcc_14_30_enable_1_svc(bool value, wlan_config_return_code_e *result) {
+    say(__func__, Line<int>("[fcc 4-30 enable =%d]\n"), shown(value));
+    *result = code_of(wlan_SetFCC1430Enable(value ? 1 : 0));
+    return 1;
 }

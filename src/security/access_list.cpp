@@ -55,7 +55,7 @@ Status find_place(int index, Place *ret_place) {
 void split(StoredList *list) { list->count = ParseStringForTok(list->text, list->table, ';'); }
 
 void read_list(const Place &place, const Key &key, StoredList *ret_list) {
-    ret_list->is_missing = nvram_get_whole_str(place.ifname.data(), key.data(), &ret_list->text) != success;
+    ret_list->is_missing = nvram_get_whole(place.ifname.data(), key.data(), &ret_list->text) != success;
     split(ret_list);
 }
 

@@ -1,0 +1,132 @@
+#include "backend/channel_info.h"
+
+#include <algorithm>
+#include <bitset>
+#include <charconv>
+#include <cstdlib>
+#include <optional>
+
+namespace {
+
+constexpr std::string_view blanks = " \t";
+constexpr int highest_channel = 255;
+constexpr std::size_t bandwidth_begins = 4; // behind "2.4G"
+
+// The country's place in the message is never filled in: it follows.
+constexpr char country_not_found[] = "country code \"%s\" not found.";
+
+using UsedChannels = std::bitset<highest_channel + 1>;
+
+// The lines of a file, of any length, counted.
+class Lines {
+public:
+    explicit Lines(std::FILE *file) : file_(file) {}
+    Lines(const Lines &) = delete;
+    Lines &operator=(const Lines &) = delete;
+    ~Lines() { std::free(text_); }
+
+    std::optional<std::string_view> next() {
+        const ssize_t length = getline(&text_, &room_, file_);
+        if (length < 0)
+            return std::nullopt;
+        ++number_;
+        return std::string_view(text_, static_cast<std::size_t>(length));
+    }
+    unsigned number() const { return number_; }
+
+private:
+    std::FILE *file_;
+    char *text_ = nullptr;
+    std::size_t room_ = 0;
+    unsigned number_ = 0;
+};
+
+std::string_view without_leading_blanks(std::string_view text) {
+    return text.substr(std::min(text.find_first_not_of(blanks), text.size()));
+}
+
+// 0 where no number stands, or one too large.
+int number_at(std::string_view text) {
+    int number = 0;
+    std::from_chars(text.data(), text.data() + text.size(), number);
+    return number;
+}
+
+bool fits(std::string_view line, const ChannelSearch &search) {
+    if (!line.starts_with(search.band))
+        return false;
+    const std::size_t digit = line.find_first_of("24", bandwidth_begins);
+    return digit != line.npos && number_at(line.substr(digit)) == search.bandwidth;
+}
+
+// Puts one channel on the list; nullptr, or what is wrong with it.
+const char *take_channel(std::string_view token, int bandwidth, UsedChannels *used, std::string *list) {
+    const std::size_t open = token.find('('), close = token.find(')');
+    if (open == token.npos || close == token.npos || close < open)
+        return "found channel without name.";
+    if (close + 1 != token.size())
+        return "trailing symbols after channel name.";
+    if (open == 0)
+        return "found name without channel.";
+    const std::string_view text = token.substr(open + 1, close - open - 1);
+    const int channel = number_at(text);
+    if (channel < 1 || channel > highest_channel)
+        return "invalid channel value";
+    const auto place = static_cast<std::size_t>(channel);
+    // At 40 MHz a channel may stand once for each side of its extension.
+    if (bandwidth == 20 && used->test(place))
+        return "reusing channel value with 20MHz bandwidth";
+    used->set(place);
+    list->append(text).append(",");
+    return nullptr;
+}
+
+const char *list_channels(std::string_view line, int bandwidth, std::string *ret_list) {
+    const std::size_t colon = line.find(':', bandwidth_begins);
+    if (colon == line.npos)
+        return "found channel string without parameters.";
+    UsedChannels used;
+    std::string_view rest = without_leading_blanks(line.substr(colon + 1));
+    while (!rest.empty()) {
+        const std::string_view token = rest.substr(0, rest.find_first_of(blanks));
+        if (const char *wrong = take_channel(token, bandwidth, &used, ret_list); wrong != nullptr)
+            return wrong;
+        rest = without_leading_blanks(rest.substr(token.size()));
+    }
+    ret_list->append("0");
+    return nullptr;
+}
+
+bool skip_to_section(Lines *lines, std::string_view country) {
+    while (const auto line = lines->next())
+        if (line->starts_with('[') && line->substr(1).starts_with(country))
+            return true;
+    return false;
+}
+
+// What is wrong with the section, nullptr when it gave the list.
+const char *search_section(Lines *lines, const ChannelSearch &search, std::string *ret_list) {
+    while (const auto whole = lines->next()) {
+        const auto line = without_leading_blanks(whole->substr(0, whole->find_first_of("#\r\n")));
+        if (line.starts_with('['))
+            return "not found channel with specified settings.";
+        if (fits(line, search))
+            return list_channels(line, search.bandwidth, ret_list);
+    }
+    return country_not_found;
+}
+
+} // namespace
+
+Status find_channels(std::FILE *file, const ChannelSearch &search, std::string *ret_list,
+                     ChannelFault *ret_fault) {
+    Lines lines(file);
+    ret_list->clear();
+    const char *wrong = skip_to_section(&lines, search.country) ? search_section(&lines, search, ret_list)
+                                                                : country_not_found;
+    if (wrong == nullptr)
+        return success;
+    *ret_fault = {lines.number(), wrong, wrong == country_not_found ? search.country : ""};
+    ret_list->clear();
+    return failure;
+}

@@ -1,0 +1,29 @@
+#pragma once
+
+#include "backend/status.h"
+
+// Settings of one BSS, fields of lists. Getters answer 0, or -1 for an index without a BSS or an absent list;
+// setters 0 written, 2 already stored, -1 failure: an absent list is not created, but for interworking, whose
+// absent lists count as zeros. The driver sees them at the next restart of the interfaces.
+
+// Isolation of the stations of the BSS from each other: 0 or 1; -1 for a stored field that is neither.
+Status ZAV_GetStationIsolate(int index, unsigned *ret_enable);
+Status ZAV_SetStationIsolate(int index, unsigned enable);
+
+// 0 or 1, stored as whether the SSID is hidden.
+Status ZAV_GetSsidAdvertisementEnabled(int index, unsigned *ret_enable);
+Status ZAV_SetSsidAdvertisementEnabled(int index, unsigned enable);
+
+// 0 to 255; -1 for any other.
+Status ZAV_GetMaxStationNum(int index, unsigned *ret_number);
+Status ZAV_SetMaxStationNum(int index, unsigned number);
+
+// Seconds; 0 switches the renewal of keys off.
+Status ZAV_GetWPAReAuthInterval(int index, unsigned *ret_interval);
+Status ZAV_SetWPAReAuthInterval(int index, unsigned interval);
+
+// 802.11u: 0 or 1, and the access network type, 0 to 15; -1 for any other.
+Status ZAV_GetInterworkIeEnable(int index, unsigned *ret_enable);
+Status ZAV_SetInterworkIeEnable(int index, unsigned enable);
+Status ZAV_GetInterworkIeAccessNetType(int index, unsigned *ret_type);
+Status ZAV_SetInterworkIeAccessNetType(int index, unsigned type);

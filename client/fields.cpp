@@ -123,7 +123,7 @@ constexpr Field rate_data[] = {
 
 constexpr Field air_time_information[] = {
     {"totals", number, offsetof(BSSAirTimeManagementInfo, totals), 8, "", shown, 16},
-    {"values", number, offsetof(BSSAirTimeManagementInfo, stations), 8, "", shown, 128},
+    {"values", number, offsetof(BSSAirTimeManagementInfo, values), 8, "", shown, 128},
     {"shares", number, offsetof(BSSAirTimeManagementInfo, shares), 8, "%", shown, 16},
 };
 

@@ -34,10 +34,6 @@ Error unreachable(const Request &request, int cause) {
                                               ntohs(request.address.sin_port), std::strerror(cause))};
 }
 
-Error not_understood(const Request &request) {
-    return {Trouble::protocol, fmt::format("the reply of {} is not understood", request.who)};
-}
-
 Error failure(const Request &request, clnt_stat status) {
     switch (status) {
     case RPC_SUCCESS:
@@ -75,15 +71,13 @@ Error decode_reply(const Request &request, std::span<char> bytes, Message result
     reply.acpted_rply.ar_results.proc = reinterpret_cast<xdrproc_t>(code_message);
     XDR stream{};
     xdrmem_create(&stream, bytes.data(), static_cast<unsigned>(bytes.size()), XDR_DECODE);
-    Error error = not_understood(request);
-    if (xdr_replymsg(&stream, &reply) != FALSE) {
-        rpc_err details{};
-        _seterr_reply(&reply, &details);
-        error = failure(request, details.re_status);
-    }
-    if (reply.rm_reply.rp_stat == MSG_ACCEPTED)
-        xdr_free(reinterpret_cast<xdrproc_t>(xdr_opaque_auth), &reply.acpted_rply.ar_verf);
-    return error;
+    std::array<char, MAX_AUTH_BYTES> verifier; // given, so that none is allocated and left
+    reply.acpted_rply.ar_verf.oa_base = verifier.data();
+    if (xdr_replymsg(&stream, &reply) == FALSE)
+        return {Trouble::protocol, fmt::format("the reply of {} is not understood", request.who)};
+    rpc_err details{};
+    _seterr_reply(&reply, &details);
+    return failure(request, details.re_status);
 }
 
 bool answers(std::span<const char> datagram, std::string_view call) {

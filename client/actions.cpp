@@ -1,20 +1,25 @@
 #include "commands.h"
 
+#include "exchange.h"
+
 #include <algorithm>
 #include <array>
-#include <chrono>
 #include <csignal>
 #include <cstdio>
 #include <fmt/format.h>
-#include <thread>
+#include <poll.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr int in_progress = 3;
 constexpr std::int64_t scan_running = 1, scan_finished = 3;
-constexpr int interrupted_status = 130; // as a shell tells it
-constexpr std::chrono::milliseconds poll_interval{250};
+constexpr int poll_interval = 250; // milliseconds
+// How long the platform's scripts may take before the daemon answers, and how long it may be silent while an
+// action is watched.
+constexpr Seconds short_patience{usual_patience}, long_patience{600};
+
+const Clock::time_point begun = Clock::now();
 
 volatile std::sig_atomic_t interrupted = 0;
 
@@ -26,50 +31,82 @@ struct Radios {
 };
 constexpr std::array radios{Radios{"dual", 245}, Radios{"24", 24}, Radios{"5", 5}};
 
-// A line on a terminal that says how long it has taken so far; it is wiped when the waiting ends.
-class LiveLine {
+// While it lives, calls by its connection show on a terminal what is done and for how long already, and
+// Ctrl-C ends them instead of the program. (A signal that whoever started the program ignores stays ignored.)
+class Waiting {
 public:
-    explicit LiveLine(const char *what) : what_(what), shown_(isatty(STDERR_FILENO) == 1) {}
-    LiveLine(const LiveLine &) = delete;
-    LiveLine &operator=(const LiveLine &) = delete;
-    ~LiveLine() {
+    Waiting(Connection daemon, const char *doing) : connection(std::move(daemon)), doing_(doing) {
+        struct sigaction action {};
+        action.sa_handler = interrupt;
+        sigaction(SIGINT, nullptr, &before_);
+        if (before_.sa_handler != SIG_IGN)
+            sigaction(SIGINT, &action, nullptr);
+        connection.goes_on = [this] { return goes_on(); };
+    }
+    Waiting(const Waiting &) = delete;
+    Waiting &operator=(const Waiting &) = delete;
+    ~Waiting() {
         if (shown_)
             std::fputs("\r\x1b[K", stderr);
+        sigaction(SIGINT, &before_, nullptr);
     }
-    void show() const {
-        const auto elapsed = std::chrono::steady_clock::now() - begun_;
+
+    bool goes_on() const {
+        const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begun);
         if (shown_)
-            std::fprintf(
-                stderr, "\r%s ... %lld s", what_,
-                static_cast<long long>(std::chrono::duration_cast<std::chrono::seconds>(elapsed).count()));
+            fmt::print(stderr, "\r{} ... {} s\x1b[K", doing_, elapsed.count());
+        return interrupted == 0;
     }
+    // Between two calls; the signal cuts it short.
+    bool goes_on_after_a_while() const {
+        if (goes_on())
+            ::poll(nullptr, 0, poll_interval);
+        return interrupted == 0;
+    }
+
+    Connection connection;
 
 private:
-    const char *what_;
-    bool shown_;
-    std::chrono::steady_clock::time_point begun_ = std::chrono::steady_clock::now();
+    const char *doing_;
+    bool shown_ = isatty(STDERR_FILENO) == 1;
+    struct sigaction before_ {};
 };
 
-// Asks until the daemon answers something else than that the action goes on or the user has had enough.
-Error poll(Connection &connection, const Procedure &procedure, Values &arguments, const char *what,
+Error ask_visibly(Connection connection, const Procedure &procedure, Values &arguments, const char *doing,
+                  Seconds patience, Answer &ret_answer) {
+    connection.patience = patience.count();
+    Waiting waiting(std::move(connection), doing);
+    return ask(waiting.connection, procedure, arguments, ret_answer);
+}
+
+// Asks until the daemon answers something else than that the action goes on. A lost reply does not end that.
+Error poll(const Connection &connection, const Procedure &procedure, Values &arguments, const char *doing,
            bool (*goes_on)(const Answer &), Answer &ret_answer) {
-    const LiveLine line(what);
-    for (;;) {
-        if (Error error = ask(connection, procedure, arguments, ret_answer))
-            return error;
-        if (!goes_on(ret_answer) || interrupted != 0)
+    Waiting waiting(connection, doing);
+    Clock::time_point heard = Clock::now();
+    do {
+        Error error = ask(waiting.connection, procedure, arguments, ret_answer);
+        if (!error && !goes_on(ret_answer))
             return {};
-        line.show();
-        std::this_thread::sleep_for(poll_interval);
-    }
+        if (!error)
+            heard = Clock::now();
+        else if (error.trouble != Trouble::timeout || Clock::now() - heard >= long_patience)
+            return error;
+    } while (waiting.goes_on_after_a_while());
+    return {Trouble::interrupted, {}};
 }
 
 bool initialises(const Answer &answer) { return answer.code == in_progress; }
 bool scans(const Answer &answer) { return answer.code >= 0 && answer.numbers.at(0) == scan_running; }
 
-int no_longer_waiting(const char *what) {
-    std::fprintf(stderr, "wlanctl: no longer waiting; the %s goes on\n", what);
-    return interrupted_status;
+// Of an action: after Ctrl-C, that it goes on, on standard error in any case.
+int print_end(const Output &output, Error error, const char *action) {
+    if (error.trouble == Trouble::interrupted) {
+        error.message = fmt::format("no longer waiting; the {}", action);
+        if (output.json)
+            fmt::print(stderr, "wlanctl: {}\n", error.message);
+    }
+    return print_error(output, error);
 }
 
 // The procedures of a scan, and its interface.
@@ -103,19 +140,19 @@ int up(Context &context, const std::string &name) {
         std::find_if(radios.begin(), radios.end(), [&](const Radios &each) { return name == each.name; });
     if (chosen == radios.end())
         return print_error(context.output, {Trouble::usage, fmt::format("'{}' is not dual, 24 or 5", name)});
+    auto &[connection, output] = context;
     const Procedure &load = *find_procedure("wlan_load"), &init = *find_procedure("wlan_init");
-    Values flags{{{.number = chosen->flags}}};
+    Values none, flags{{{.number = chosen->flags}}};
     Answer answer;
-    if (Error error = ask(context.connection, load, flags, answer))
-        return print_error(context.output, error);
+    if (Error error = find_daemon(connection))
+        return print_error(output, error);
+    if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
+        return print_end(output, error, "load goes on, and no initialisation follows it");
     if (answer.code < 0)
-        return print_answer(context.output, load, answer);
-    std::signal(SIGINT, interrupt);
-    Values none;
-    if (Error error = poll(context.connection, init, none, "initialising", initialises, answer))
-        return print_error(context.output, error);
-    const int status = print_answer(context.output, init, answer);
-    return initialises(answer) ? no_longer_waiting("initialisation") : status;
+        return print_answer(output, load, answer);
+    if (Error error = poll(connection, init, none, "initialising", initialises, answer))
+        return print_end(output, error, "initialisation goes on");
+    return print_answer(output, init, answer);
 }
 
 int restart(Context &context, const std::string &index) {
@@ -124,7 +161,16 @@ int restart(Context &context, const std::string &index) {
     return call(context, "wlan_", "restart", {index});
 }
 
-int down(Context &context) { return call(context, "wlan_", "reset", {}); }
+int down(Context &context) {
+    const Procedure &reset = *find_procedure("wlan_reset");
+    Values none;
+    Answer answer;
+    if (Error error = find_daemon(context.connection))
+        return print_error(context.output, error);
+    if (Error error = ask_visibly(context.connection, reset, none, "stopping", long_patience, answer))
+        return print_end(context.output, error, "stop goes on");
+    return print_answer(context.output, reset, answer);
+}
 
 int scan(Context &context, const std::string &index) {
     auto &[connection, output] = context;
@@ -132,19 +178,15 @@ int scan(Context &context, const std::string &index) {
     Answer status, result;
     if (Error error = find_scan(connection, index, scan))
         return print_error(output, error);
-    if (Error error = ask(connection, *scan.begin, scan.index, result))
+    if (Error error = find_daemon(connection))
         return print_error(output, error);
+    if (Error error = ask_visibly(connection, *scan.begin, scan.index, "scanning", short_patience, result))
+        return print_end(output, error, "scan goes on");
     if (result.code < 0)
         return print_refusal(context, scan, result);
-    std::signal(SIGINT, interrupt);
     do { // again, if somebody else has begun a scan before the result was fetched
         if (Error error = poll(connection, *scan.status, scan.index, "scanning", scans, status))
-            return print_error(output, error);
-        if (scans(status)) {
-            if (output.json)
-                (void)print_answer(output, *scan.status, status);
-            return no_longer_waiting("scan");
-        }
+            return print_end(output, error, "scan goes on");
         if (status.code < 0 || status.numbers.at(0) != scan_finished)
             return print_error(output, {Trouble::failed, "the scan failed"});
         if (Error error = ask(connection, *scan.result, scan.index, result))

@@ -21,14 +21,14 @@ int describe(const Context &context, const std::string &name);
 int call(Context &context, const std::string &prefix, const std::string &name,
          const std::vector<std::string> &given);
 
-// Loads the driver for "dual", "24" or "5", starts its initialisation and waits for the end. After Ctrl-C it
-// says that the action goes on, and returns 130.
+// Loads the driver for "dual", "24" or "5", starts its initialisation and waits for the end. After Ctrl-C,
+// it, `down` and `scan` say that the action goes on, and return 130.
 int up(Context &context, const std::string &name);
 // One radio, by the index or the name of any of its interfaces, or "all".
 int restart(Context &context, const std::string &index);
 int down(Context &context);
 
-// Surveys the radio of the interface, waits for the end and prints the neighbours. After Ctrl-C as `up`.
+// Surveys the radio of the interface, waits for the end and prints the neighbours.
 int scan(Context &context, const std::string &index);
 int stations(Context &context, const std::string &index);
 int stats(Context &context, const std::string &index);

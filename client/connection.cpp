@@ -1,96 +1,17 @@
 #include "connection.h"
 
+#include "exchange.h"
 #include "rpc/codec.h"
 
 #include <algorithm>
-#include <cmath>
 #include <cstring>
 #include <fmt/format.h>
-#include <memory>
 #include <netdb.h>
+#include <rpc/pmap_prot.h>
 #include <sys/socket.h>
 #include <type_traits>
-#include <unistd.h>
 
 namespace {
-
-struct Socket {
-    int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    Socket() = default;
-    Socket(const Socket &) = delete;
-    Socket &operator=(const Socket &) = delete;
-    ~Socket() {
-        if (descriptor >= 0)
-            close(descriptor);
-    }
-};
-
-struct DestroyClient {
-    void operator()(CLIENT *client) const { CLNT_DESTROY(client); }
-};
-
-// One call of any program: the portmapper is asked by the same means as the daemon.
-struct Request {
-    const char *who; // for messages
-    sockaddr_in address;
-    rpcprog_t program;
-    rpcvers_t version;
-    rpcproc_t procedure;
-    double timeout, resend_after; // seconds
-};
-
-timeval seconds(double value) {
-    const double whole = std::floor(value);
-    return {static_cast<time_t>(whole), static_cast<suseconds_t>((value - whole) * 1e6)};
-}
-
-Error unreachable(const Request &request, int cause) {
-    return {Trouble::unreachable, fmt::format("cannot reach {} at port {}: {}", request.who,
-                                              ntohs(request.address.sin_port), std::strerror(cause))};
-}
-
-Error failure(const Request &request, CLIENT *client, clnt_stat status) {
-    rpc_err details{};
-    CLNT_GETERR(client, &details);
-    switch (status) {
-    case RPC_SUCCESS:
-        return {};
-    case RPC_TIMEDOUT:
-        return {Trouble::timeout,
-                fmt::format("no reply from {} in time ({} s)", request.who, request.timeout)};
-    case RPC_CANTSEND:
-    case RPC_CANTRECV:
-        return unreachable(request, details.re_errno);
-    case RPC_CANTENCODEARGS:
-        return {Trouble::usage, fmt::format("the arguments exceed a message's {} bytes", longest_message)};
-    case RPC_PROCUNAVAIL:
-        return {Trouble::protocol, fmt::format("{} does not know this procedure", request.who)};
-    case RPC_CANTDECODEARGS:
-        return {Trouble::protocol, fmt::format("{} does not understand the arguments", request.who)};
-    case RPC_CANTDECODERES:
-        return {Trouble::protocol, fmt::format("the reply of {} is not understood", request.who)};
-    default:
-        return {Trouble::protocol, fmt::format("{} answered: {}", request.who, clnt_sperrno(status))};
-    }
-}
-
-// The results are the caller's to free, also after an error.
-Error exchange(const Request &request, Message arguments, Message result) {
-    Socket socket;
-    sockaddr_in address = request.address;
-    // Connected, so that nobody else's datagram passes for the reply and a refusal is told.
-    if (socket.descriptor < 0 ||
-        connect(socket.descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) != 0)
-        return unreachable(request, errno);
-    const std::unique_ptr<CLIENT, DestroyClient> client{
-        clntudp_bufcreate(&address, request.program, request.version, seconds(request.resend_after),
-                          &socket.descriptor, longest_message, longest_message)};
-    if (client == nullptr)
-        return {Trouble::unreachable, clnt_spcreateerror("cannot make a call")};
-    const clnt_stat status = CLNT_CALL(client.get(), request.procedure, code_message, &arguments,
-                                       code_message, &result, seconds(request.timeout));
-    return failure(request, client.get(), status);
-}
 
 Error resolve(const std::string &host, sockaddr_in &ret_address) {
     addrinfo wanted{};
@@ -105,13 +26,15 @@ Error resolve(const std::string &host, sockaddr_in &ret_address) {
 }
 
 Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
+    const Seconds timeout{connection.timeout.value_or(usual_patience)};
     Request request{"the portmapper",
                     ret_address,
                     PMAPPROG,
                     PMAPVERS,
                     PMAPPROC_GETPORT,
-                    connection.timeout,
-                    std::min(1.0, connection.timeout)};
+                    timeout,
+                    std::min(Seconds{1}, timeout),
+                    connection.goes_on};
     request.address.sin_port = htons(PMAPPORT);
     unsigned question[] = {WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, 0};
     unsigned port = 0;
@@ -169,7 +92,7 @@ bool is_signed(Result kind) { return kind == Result::integer || kind == Result::
 Error take_value(const wlan_config_result_data_t &result, Result kind, Answer &ret_answer) {
     const auto &[count, numbers] = result.return_u_int;
     const auto &[length, bytes] = result.return_data;
-    const Error lacking{Trouble::protocol, "the reply of the daemon lacks the value"};
+    Error lacking{Trouble::protocol, "the reply of the daemon lacks the value"};
     if (is_text(kind)) {
         if (length == 0)
             return lacking;
@@ -191,9 +114,16 @@ Error take_value(const wlan_config_result_data_t &result, Result kind, Answer &r
 
 Error call_once(const Connection &connection, const Procedure &procedure, Values &arguments,
                 Answer &ret_answer) {
+    const Seconds timeout{connection.timeout.value_or(connection.patience)};
     // Sent again only after the time is over, that is, never.
-    const Request request{"the daemon",     connection.address, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION,
-                          procedure.number, connection.timeout, connection.timeout};
+    const Request request{"the daemon",
+                          connection.address,
+                          WLAN_CONFIG_RPC_PROG,
+                          WLAN_CONFIG_API_VERSION,
+                          procedure.number,
+                          timeout,
+                          timeout,
+                          connection.goes_on};
     wlan_config_result_data_t result{};
     Message whole = procedure.result == Result::code ? message(result.return_code) : message(result);
     Error error = exchange(request, message(arguments), whole);
@@ -206,16 +136,20 @@ Error call_once(const Connection &connection, const Procedure &procedure, Values
 
 } // namespace
 
+Error find_daemon(Connection &connection) {
+    return connection.address.sin_port == 0 ? locate(connection) : Error{};
+}
+
 Error call(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer) {
-    if (connection.address.sin_port == 0)
-        if (Error error = locate(connection))
-            return error;
+    if (Error error = find_daemon(connection))
+        return error;
     Error error = call_once(connection, procedure, arguments, ret_answer);
     const bool gone = error.trouble == Trouble::timeout || error.trouble == Trouble::unreachable;
     if (!gone || connection.port != 0)
         return error;
     const in_port_t silent = connection.address.sin_port;
-    if (locate(connection) || connection.address.sin_port == silent)
-        return error;
-    return call_once(connection, procedure, arguments, ret_answer);
+    if (Error unknown = locate(connection))
+        return unknown.trouble == Trouble::interrupted ? unknown : error;
+    return connection.address.sin_port == silent ? error
+                                                 : call_once(connection, procedure, arguments, ret_answer);
 }

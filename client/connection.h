@@ -5,15 +5,21 @@
 #include "values.h"
 
 #include <cstdint>
+#include <functional>
 #include <netinet/in.h>
+#include <optional>
 #include <string>
 #include <vector>
+
+constexpr double usual_patience = 5; // seconds
 
 // Where the daemon is. `address` is found at the first call and kept.
 struct Connection {
     std::string host = "127.0.0.1";
-    std::uint16_t port = 0; // 0: the portmapper knows
-    double timeout = 5;     // seconds that a call may take
+    std::uint16_t port = 0;           // 0: the portmapper knows
+    std::optional<double> timeout{};  // seconds that a call may take, if the user has said
+    double patience = usual_patience; // otherwise
+    std::function<bool()> goes_on{};  // asked during a call, some times a second; false ends it
     sockaddr_in address{};
 };
 
@@ -22,6 +28,9 @@ struct Answer {
     std::vector<std::int64_t> numbers{}; // as many as the result of that kind has
     std::string text{};                  // any bytes
 };
+
+// Finds the address, if that has not been done. The calls do so, too.
+Error find_daemon(Connection &connection);
 
 // Calls the procedure once: a lost datagram is not sent again, for the daemon would do a change twice. Only
 // when the portmapper then names another port, where a restarted daemon has not seen it, is it sent there.

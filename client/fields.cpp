@@ -12,6 +12,11 @@ namespace {
 using enum Form;
 constexpr bool shown = true, hidden = false;
 
+constexpr Field titled(Field field, const char *heading) {
+    field.heading = heading;
+    return field;
+}
+
 constexpr Field port_and_index[] = {{"port", number, 0, 4}, {"index", number, 4, 4}};
 
 constexpr Field basic_stats[] = {
@@ -50,11 +55,11 @@ constexpr Field packet_count[] = {{"packets", number, 0, 8, "packets"}};
 constexpr Field rssi_table[] = {{"rssi", signed_number, 0, 8, "", shown, 37}};
 
 constexpr Field device[] = {
-    {"mac_address", text, offsetof(wlan_device_t, mac_address), 18},
-    {"ip_address", text, offsetof(wlan_device_t, ip_address), 64},
-    {"group_list", text, offsetof(wlan_device_t, group_list), 45},
-    {"text_field", text, offsetof(wlan_device_t, text_field), 17},
-    {"counter1", number, offsetof(wlan_device_t, counter1), 4, "", hidden},
+    titled({"mac_address", text, offsetof(wlan_device_t, mac_address), 18}, "MAC address"),
+    titled({"ip_address", text, offsetof(wlan_device_t, ip_address), 64}, "IP address"),
+    titled({"group_list", text, offsetof(wlan_device_t, group_list), 45}, "vendor prefixes"),
+    titled({"text_field", text, offsetof(wlan_device_t, text_field), 17}, "capability bits"),
+    titled({"counter1", number, offsetof(wlan_device_t, counter1), 4}, "class"),
     {"counter2", number, offsetof(wlan_device_t, counter2), 4, "", hidden},
     {"counter3", number, offsetof(wlan_device_t, counter3), 4, "", hidden},
     {"counter4", number, offsetof(wlan_device_t, counter4), 4, "", hidden},
@@ -66,10 +71,10 @@ constexpr Field device[] = {
     {"counter8", number, offsetof(wlan_device_t, counter8), 4, "", hidden},
     {"counter9", number, offsetof(wlan_device_t, counter9), 4, "", hidden},
     {"counter10", number, offsetof(wlan_device_t, counter10), 4, "", hidden},
-    {"byte_value", number, offsetof(wlan_device_t, byte_value), 1},
+    titled({"byte_value", number, offsetof(wlan_device_t, byte_value), 1}, "BSS from 0"),
     {"int_value1", signed_number, offsetof(wlan_device_t, int_value1), 4, "", hidden},
     {"int_value2", signed_number, offsetof(wlan_device_t, int_value2), 4, "", hidden},
-    {"name_field", text, offsetof(wlan_device_t, name_field), 32},
+    titled({"name_field", text, offsetof(wlan_device_t, name_field), 32}, "name"),
 };
 
 constexpr Field device_table[] = {
@@ -123,7 +128,7 @@ constexpr Field rate_data[] = {
 
 constexpr Field air_time_information[] = {
     {"totals", number, offsetof(BSSAirTimeManagementInfo, totals), 8, "", shown, 16},
-    {"values", number, offsetof(BSSAirTimeManagementInfo, stations), 8, "", shown, 128},
+    {"values", number, offsetof(BSSAirTimeManagementInfo, values), 8, "", shown, 128},
     {"shares", number, offsetof(BSSAirTimeManagementInfo, shares), 8, "%", shown, 16},
 };
 

@@ -30,6 +30,7 @@ struct Field {
     bool column = true;                 // shown where the record is a line of a table
     std::size_t places = 1;             // one behind the other
     std::span<const Field> fields = {}; // of a record, or of each record of a table
+    const char *heading = nullptr;      // of its column, where the protocol says more than the name does
 };
 
 // None for results that are a code, a number or a text.

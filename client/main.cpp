@@ -24,7 +24,9 @@ constexpr char examples[] =
     "  wlanctl --json call get_number_of_entries\n\n"
     "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure or a scan failed; 2 "
     "usage;\n"
-    "3 no reply in time; 4 not registered or unreachable; 5 reply not understood.";
+    "3 no reply in time; 4 not registered or unreachable; 5 reply not understood; 130 after Ctrl-C, while "
+    "an\n"
+    "action (up, down, scan) goes on.";
 
 constexpr double longest_timeout = 86400;
 
@@ -77,7 +79,7 @@ void set_up(CommandLine &line) {
     app.add_option("--host", connection.host, "where the daemon runs (127.0.0.1)");
     app.add_option("--port", connection.port, "its UDP port (asked of the portmapper)")
         ->check(CLI::Range(1, 65535));
-    app.add_option("--timeout", connection.timeout, "seconds to wait for a reply (5)");
+    app.add_option("--timeout", connection.timeout, "seconds to wait for a reply (5; up and down: 600)");
     app.add_flag("--json", output.json, "print one JSON object, also for an error");
     app.add_flag("-r,--raw", output.raw, "print the bare value, also of a secret");
     app.add_flag("--show-secrets", output.show_secrets, "print keys, passphrases and PINs");
@@ -94,7 +96,8 @@ Error check(const CommandLine &line, const std::vector<std::string> &words) {
     if (option != words.end())
         return {Trouble::usage,
                 fmt::format("unknown option {} (values that begin with - go behind --)", *option)};
-    if (const double timeout = line.context.connection.timeout; !(timeout > 0 && timeout <= longest_timeout))
+    const double timeout = line.context.connection.timeout.value_or(usual_patience);
+    if (!(timeout > 0 && timeout <= longest_timeout))
         return {Trouble::usage,
                 fmt::format("--timeout takes seconds, above 0 and up to {}", longest_timeout)};
     return {};

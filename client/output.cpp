@@ -194,7 +194,7 @@ void print_record_table(std::span<const Field> fields, const Field &records, std
     Row heading;
     for (const Field &field : records.fields)
         if (field.column)
-            heading.push_back(upper_case(field.name) +
+            heading.push_back(upper_case(field.heading == nullptr ? field.name : field.heading) +
                               (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
     std::vector<Row> rows(places_of(fields, records, whole));
     for (std::size_t i = 0; i < rows.size(); i++)
@@ -235,6 +235,13 @@ void print_value(const Output &output, const Procedure &procedure, const Answer 
     else if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
     print_line(output, setting_name(procedure.name), value);
+}
+
+const char *name_of(Trouble trouble) {
+    if (trouble == Trouble::interrupted)
+        return "interrupted";
+    constexpr const char *kinds[] = {"", "failed", "usage", "timeout", "unreachable", "protocol"};
+    return kinds[static_cast<std::size_t>(trouble)];
 }
 
 } // namespace
@@ -290,8 +297,7 @@ int print_records(const Output &output, const std::vector<std::pair<const Proced
 int print_error(const Output &output, const Error &error) {
     const int status = static_cast<int>(error.trouble);
     if (output.json) {
-        const char *kinds[] = {"", "failed", "usage", "timeout", "unreachable", "protocol"};
-        print_json({{"error", {{"kind", kinds[status]}, {"message", error.message}}}});
+        print_json({{"error", {{"kind", name_of(error.trouble)}, {"message", error.message}}}});
     } else {
         fmt::print(stderr, "wlanctl: {}\n", shown_on(stderr, error.message));
     }

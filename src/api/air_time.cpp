@@ -28,7 +28,7 @@ void fill_info(const AirTimeBlock &block, BSSAirTimeManagementInfo *ret_info) {
     for (std::size_t category = 0; category < AirTimeBlock::categories; ++category)
         for (std::size_t bss = 0; bss < AirTimeBlock::bss_count; ++bss) {
             const std::uint64_t air_time = block.air_time.at(category).at(bss);
-            std::span(ret_info->stations)[category * AirTimeBlock::bss_count + bss] = air_time;
+            std::span(ret_info->values)[category * AirTimeBlock::bss_count + bss] = air_time;
             std::span(ret_info->totals)[bss] += air_time;
         }
     const std::span totals = ret_info->totals;

@@ -124,8 +124,8 @@ static_assert(sizeof(FramesInQueueData) == 16);
 
 struct BSSAirTimeManagementInfo {
     std::uint64_t totals[16];
-    std::uint64_t stations[128];
+    std::uint64_t values[128];
     std::uint64_t shares[16];
-    auto fields() { return std::tie(totals, stations, shares); }
+    auto fields() { return std::tie(totals, values, shares); }
 };
 static_assert(sizeof(BSSAirTimeManagementInfo) == 1280 && offsetof(BSSAirTimeManagementInfo, shares) == 1152);

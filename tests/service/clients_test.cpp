@@ -130,6 +130,18 @@ void play(const std::vector<Row> &rows) {
     }
 }
 
+// As a shell tells it, and at once.
+int how_it_ended(Process &process) {
+    const auto status = process.ended(std::chrono::milliseconds(500));
+    if (!status)
+        return -1;
+    return WIFSIGNALED(*status) ? 128 + WTERMSIG(*status) : WEXITSTATUS(*status);
+}
+
+std::string json(const std::string &procedure, const std::string &status, const std::string &answer) {
+    return R"({"procedure":")" + procedure + R"(","status":")" + status + R"(","code":)" + answer + "}\n";
+}
+
 TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
     Gateway gateway;
     prepare({});
@@ -199,9 +211,63 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     std::this_thread::sleep_for(std::chrono::milliseconds(600));
     play({{{"scan", "2"}, 1, "", "scanned already"}});
     kill(waiting.id(), SIGINT);
-    const auto status = waiting.ended();
-    EXPECT_TRUE(status && WIFEXITED(*status) && WEXITSTATUS(*status) == 130);
+    EXPECT_EQ(how_it_ended(waiting), 130);
     EXPECT_EQ(read_file("/tmp/wait.err"), "wlanctl: no longer waiting; the scan goes on\n");
+}
+
+TEST(Wlanctl, ShowsStationsAndCounters) {
+    Gateway gateway;
+    prepare({});
+    const auto fault = [&](const char *name) {
+        write_file(gateway.path(std::string("faults/") + name), "5");
+    };
+    const Row no_stations{{"stations", "1"}, 1, "", "wlan_get_assoc_devices_table: the daemon answered"};
+    const Row no_basic_stats{{"stats", "1"}, 1, "", "wlan_get_basic_stats: the daemon answered"};
+    play({
+        no_stations, // no driver yet
+        {{"--json", "stations", "9"}, 1, json("wlan_get_assoc_devices_table", "failed", "-1"), ""},
+        no_basic_stats,
+        {{"up"}, 0, "done\n", ""},
+        {{"stations", "zvi01"}, // of the whole radio
+         0,
+         "00:00:5E:00:53:A1\t\t00-50-f2;00-10-18\t0000000000000011\t3\t-50\t0\tstation-1\n"
+         "00:00:5E:00:53:A2\t\t\t0000000000000011\t3\t-61\t1\tstation-2\n"
+         "00:00:5E:00:53:A3\t\t\t0000000000000011\t3\t-72\t0\tstation-3\n",
+         ""},
+        {{"stats", "1"},
+         0,
+         "bytes_sent: 120000 bytes\nbytes_received: 110000 bytes\npackets_sent: 1200 packets\n"
+         "packets_received: 1100 packets\nassociations: 2 stations\nerrors_sent: 24005 errors\n"
+         "errors_received: 24006 errors\nunicast_packets_sent: 24001 packets\n"
+         "unicast_packets_received: 24002 packets\ndiscard_packets_sent: 24007 packets\n"
+         "discard_packets_received: 24008 packets\nmulticast_packets_sent: 24009 packets\n"
+         "multicast_packets_received: 24010 packets\nbroadcast_packets_sent: 24011 packets\n"
+         "broadcast_packets_received: 24012 packets\n"
+         "unknown_protocol_packets_received: 24013 packets\n",
+         ""},
+        {{"-r", "stats", "zv02"},
+         0,
+         "120002\n110002\n1202\n1102\n1\n5005\n5006\n5001\n5002\n5007\n5008\n5009\n5010\n5011\n5012\n5013\n",
+         ""},
+        {{"stats", "17"}, 1, "", "wlan_get_basic_stats: the daemon answered"},
+        {{"call", "get_assoc_device", "1", "2"}, 1, "", "wlan_get_assoc_device: the daemon answered"},
+        {{"stations"}, 2, "", "INDEX"},
+        {{"stats", "zvi99"}, 2, "", "zvi99"},
+    });
+    const auto value = [](const std::vector<std::string> &words) {
+        return nlohmann::json::parse(run("wlanctl", join({"--json"}, words)).out).at("value");
+    };
+    EXPECT_EQ(value({"stations", "9"}).at("/devices/1/mac_address"_json_pointer), "00:00:5E:00:53:B2");
+    EXPECT_EQ(value({"stats", "9"}).at("unknown_protocol_packets_received"), 5013);
+    const nlohmann::json second = value({"get", "assoc_device", "1", "1"}); // of the BSS
+    EXPECT_TRUE(second.at("mac_address") == "00:00:5E:00:53:A3" && second.at("rssi") == -69) << second;
+    write_file(gateway.path("24g/stations"), "");
+    play({{{"stations", "1"}, 0, "", ""}});
+    fault("show.zvi00.pkt_counters.fail");
+    play({{{"stats", "1"}, 1, "", "wlan_get_stats: the daemon answered"},
+          {{"--json", "stats", "1"}, 1, json("wlan_get_stats", "failed", "-1"), ""}});
+    fault("stations.fail");
+    play({no_stations, no_basic_stats});
 }
 
 TEST(Wlanctl, SaysThatNoDaemonIsRegistered) {
@@ -211,10 +277,6 @@ TEST(Wlanctl, SaysThatNoDaemonIsRegistered) {
 }
 
 const std::string log_file = "/tmp/gateway/log", script_fault = "/tmp/gateway/faults/script.zv_host.sh.";
-
-std::string json(const std::string &procedure, const std::string &status, const std::string &answer) {
-    return R"({"procedure":")" + procedure + R"(","status":")" + status + R"(","code":)" + answer + "}\n";
-}
 
 TEST(Wlanctl, BringsTheDriverUpAndDown) {
     Gateway gateway;
@@ -265,25 +327,82 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
           {{"--json", "up"}, 1, json("wlan_init", "failed", "-1"), ""}});
 }
 
+// Its standard error, as a terminal.
+std::string run_on_terminal(const std::string &words) {
+    const std::string command =
+        "script -qec '" BINARY_DIR "/bin/wlanctl " + words + "' /dev/null </dev/null >/tmp/up.out";
+    EXPECT_EQ(std::system(command.c_str()), 0);
+    return read_file("/tmp/up.out");
+}
+
 TEST(Wlanctl, StopsWaitingAtCtrlCAndTheInitGoesOn) {
     Gateway gateway;
-    write_file(script_fault + "init.delay", "1500");
-    Process waiting({BINARY_DIR "/bin/wlanctl", "up"}, {}, "/tmp/up.out", "/tmp/up.err");
-    while (read_file(log_file).find("init dual") == std::string::npos)
+    write_file(script_fault + "init.delay", "3500");
+    const auto count = [](const std::string &wanted) {
+        const std::string log = read_file(log_file);
+        return log.find(wanted) == log.npos ? 0 : log.find(wanted) == log.rfind(wanted) ? 1 : 2;
+    };
+    const std::string wlanctl = BINARY_DIR "/bin/wlanctl";
+    Process waiting({wlanctl, "up"}, {}, "/tmp/up.out", "/tmp/up.err");
+    Process deaf({"/bin/sh", "-c", "trap '' INT; exec " + wlanctl + " --timeout 1 up"}, {}, "/tmp/deaf.out",
+                 "/tmp/deaf.err");
+    while (count("init dual") == 0)
         ASSERT_FALSE(waiting.ended(std::chrono::milliseconds(10)));
     kill(waiting.id(), SIGINT);
-    const int status = waiting.ended().value_or(0);
-    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 130) << status;
-    EXPECT_EQ(read_file("/tmp/up.out"), "in progress\n");
+    EXPECT_EQ(how_it_ended(waiting), 130);
     EXPECT_EQ(read_file("/tmp/up.err"), "wlanctl: no longer waiting; the initialisation goes on\n");
+    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    kill(deaf.id(), SIGINT);
+    kill(gateway.daemon().id(), SIGSTOP); // its polls are not answered in time
+    std::this_thread::sleep_for(std::chrono::milliseconds(1500));
+    kill(gateway.daemon().id(), SIGCONT);
     // The next one waits for the same init, on a terminal with a line that lives.
-    ASSERT_EQ(std::system("script -qec '" BINARY_DIR "/bin/wlanctl up' /dev/null </dev/null >/tmp/up.out"),
-              0);
-    const std::string seen = read_file("/tmp/up.out");
-    EXPECT_NE(seen.find("\rinitialising ... 0 s\rinitialising"), std::string::npos) << seen;
-    EXPECT_NE(seen.find(" 1 s\r\x1b[Kdone"), std::string::npos) << seen;
-    const std::string log = read_file(log_file);
-    EXPECT_EQ(log.find("init dual"), log.rfind("init dual"));
+    const std::string seen = run_on_terminal("up");
+    EXPECT_NE(seen.find("\rinitialising ... 0 s\x1b[K\rinitialising"), std::string::npos) << seen;
+    EXPECT_NE(seen.find(" 1 s\x1b[K"), std::string::npos) << seen;
+    EXPECT_TRUE(seen.ends_with(" s\x1b[K\r\x1b[Kdone\r\n")) << seen;
+    EXPECT_EQ(how_it_ended(deaf), 0);
+    EXPECT_EQ(read_file("/tmp/deaf.out") + read_file("/tmp/deaf.err"), "done\n");
+    EXPECT_EQ(count("init dual"), 1);
+}
+
+TEST(Wlanctl, WaitsForSlowScripts) {
+    Gateway gateway;
+    for (const char *verb : {"load", "stop"}) // longer than other calls may take
+        write_file(script_fault + verb + ".delay", "5300");
+    const std::string seen = run_on_terminal("up 24");
+    EXPECT_NE(seen.find("\rloading ... 5 s\x1b[K\r\x1b[K"), std::string::npos) << seen;
+    EXPECT_TRUE(seen.ends_with("done\r\n")) << seen;
+    play({{{"down"}, 0, "done\n", ""}});
+}
+
+TEST(Wlanctl, EndsAtCtrlCThoughTheDaemonIsSilent) {
+    Gateway gateway;
+    kill(gateway.daemon().id(), SIGSTOP);
+    play({{{"--timeout", "0.2", "down"}, 3, "", "wlan_reset: no reply from the daemon in time (0.2 s)"}});
+    const std::string load = "no longer waiting; the load goes on, and no initialisation follows it";
+    const std::string stop = "no longer waiting; the stop goes on",
+                      scan = "no longer waiting; the scan goes on";
+    const auto object = [](const std::string &message) {
+        return R"({"error":{"kind":"interrupted","message":")" + message + "\"}}\n";
+    };
+    const Row rows[] = {
+        {{"get", "ssid", "1"}, 128 + SIGINT, "", ""},
+        {{"up"}, 130, "", "wlanctl: " + load + "\n"},
+        {{"--json", "up"}, 130, object(load), "wlanctl: " + load + "\n"},
+        {{"--json", "down"}, 130, object(stop), "wlanctl: " + stop + "\n"},
+        {{"--json", "scan", "1"}, 130, object(scan), "wlanctl: " + scan + "\n"},
+    };
+    for (const Row &row : rows) {
+        std::filesystem::remove("/tmp/up.out");
+        std::filesystem::remove("/tmp/up.err");
+        Process waiting(join({BINARY_DIR "/bin/wlanctl"}, row.words), {}, "/tmp/up.out", "/tmp/up.err");
+        std::this_thread::sleep_for(std::chrono::milliseconds(400));
+        kill(waiting.id(), SIGINT);
+        EXPECT_EQ(how_it_ended(waiting), row.status) << testing::PrintToString(row.words);
+        EXPECT_EQ(read_file("/tmp/up.out"), row.out);
+        EXPECT_EQ(read_file("/tmp/up.err"), row.err);
+    }
 }
 
 } // namespace

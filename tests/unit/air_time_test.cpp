@@ -127,7 +127,7 @@ static std::vector<std::uint64_t> shares(const std::vector<std::uint64_t> &first
     const auto info = std::make_unique<BSSAirTimeManagementInfo>();
     std::memset(info.get(), '~', sizeof *info);
     EXPECT_EQ(wlan_getBSSAirTimeManagementInfo(9, info.get()), success);
-    EXPECT_EQ(std::memcmp(info->stations, &block[4096], sizeof info->stations), 0);
+    EXPECT_EQ(std::memcmp(info->values, &block[4096], sizeof info->values), 0);
     EXPECT_TRUE(info->totals[0] == first[0] && info->totals[15] == last);
     return {std::begin(info->shares), std::end(info->shares)};
 }

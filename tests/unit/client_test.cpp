@@ -98,11 +98,12 @@ TEST(Answers, AreNamedByteByByte) {
 TEST(Answers, OfStationsAreLines) {
     const Answer two = image(7556, {{0, "\2"},
                                     {4, "00:1A:2B:3C:4D:5E"},
+                                    {4 + 144, "\3"},
                                     {4 + 204, "tab\there"},
                                     {4 + 164, "\xc4\xff\xff\xff"},
                                     {240, std::string(18, 'y')}});
     EXPECT_EQ(printed({}, Result::device_table, two),
-              "00:1A:2B:3C:4D:5E\t\t\t\t-60\t0\ttab\\x09here\nyyyyyyyyyyyyyyyyyy\t\t\t\t0\t0\t\n");
+              "00:1A:2B:3C:4D:5E\t\t\t\t3\t-60\t0\ttab\\x09here\nyyyyyyyyyyyyyyyyyy\t\t\t\t0\t0\t0\t\n");
     EXPECT_EQ(printed({}, Result::device_table, image(7556, {})), "");
 }
 

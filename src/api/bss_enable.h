@@ -7,7 +7,7 @@
 // Switching a BSS on and off, factory settings, custom SSID (see radio/bss_enable.h). Getters and restoring
 // answer 0 or -1; setters 0 done, 2 already stored, -1 failure.
 
-// 0 or 1. While the driver runs, the interfaces follow at once.
+// Set to 0 or 1, read as it is stored. While the driver runs, the interfaces follow at once.
 Status wlan_getEnable(int index, unsigned *ret_enable);
 Status wlan_setEnable(int index, unsigned enable);
 

@@ -13,7 +13,7 @@ Status wlan_setRadiusServerAddress(int index, const char *address);
 Status wlan_getAcctServerAddress(int index, std::span<char> ret_address);
 Status wlan_setAcctServerAddress(int index, const char *address);
 
-// 1 to 65535; setting 0 stores 1.
+// Set from 1 to 65535, and 0 stores 1; read as it is stored.
 Status wlan_getRadiusServerPort(int index, unsigned *ret_port);
 Status wlan_setRadiusServerPort(int index, unsigned port);
 Status wlan_getAcctServerPort(int index, unsigned *ret_port);

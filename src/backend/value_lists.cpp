@@ -13,9 +13,9 @@ namespace {
 
 bool has_field(unsigned bss) { return bss >= 1 && bss <= list_fields; }
 
-// Takes the first field off the list.
-std::string_view take_field(std::string_view *list) {
-    const std::string_view field = list->substr(0, list->find(';'));
+// Takes the next field off the list, by its number: the last one is all that remains.
+std::string_view take_field(unsigned number, std::string_view *list) {
+    const std::string_view field = number == list_fields ? *list : list->substr(0, list->find(';'));
     list->remove_prefix(std::min(list->size(), field.size() + 1));
     return field;
 }
@@ -27,7 +27,7 @@ Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_a
         return failure;
     std::string_view rest = stored, field;
     for (unsigned i = 1; i <= bss; ++i) {
-        field = take_field(&rest);
+        field = take_field(i, &rest);
         if (ends_at_gap && field.empty())
             break;
     }
@@ -82,6 +82,16 @@ Status write_list_number(const char *ifname, const char *key, unsigned bss, int 
     return write_numbers(ifname, key, list);
 }
 
+Status change_list_number(const char *ifname, const char *key, unsigned bss, int value) {
+    NumberList list;
+    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
+        return failure;
+    if (list.at(bss - 1) == value)
+        return unchanged;
+    list.at(bss - 1) = value;
+    return write_numbers(ifname, key, list);
+}
+
 Status read_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text) {
     return read_field(ifname, key, bss, false, ret_text);
 }
@@ -100,7 +110,7 @@ Status write_list_text(const char *who, const char *ifname, const char *key, uns
         return failure;
     std::string_view rest = stored;
     for (unsigned field = 1; field <= list_fields; ++field) {
-        const std::string_view old = take_field(&rest);
+        const std::string_view old = take_field(field, &rest);
         changed.append(field == 1 ? "" : ";").append(field == bss ? std::string_view(text) : old);
     }
     return nvram_set_str(ifname, key, changed.c_str());

@@ -20,6 +20,8 @@ Status write_numbers(const char *ifname, const char *key, std::span<const int> n
 // The number of one BSS.
 Status read_list_number(const char *ifname, const char *key, unsigned bss, int *ret_value);
 Status write_list_number(const char *ifname, const char *key, unsigned bss, int value);
+// Writes nothing, not even a short list in full, where the field holds the value already: 2.
+Status change_list_number(const char *ifname, const char *key, unsigned bss, int value);
 
 // The text of one BSS, cut at the buffer; -1 when the key is absent. In an unbroken list nothing counts
 // behind an empty field: those fields read as empty.

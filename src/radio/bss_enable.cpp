@@ -30,18 +30,6 @@ Status find_on_radio(const char *who, int index, RadioBss *ret_bss) {
     return ZAV_GetNumberOfEntriesPerInf(&ret_bss->first, &ret_bss->last, index);
 }
 
-// 0 written, 2 the BSS has that state already.
-Status store_enable(const Bss &bss, int enable) {
-    NumberList list;
-    if (bss.number > list.size() || read_numbers(bss.ifname.data(), enabled_key, list) != success)
-        return failure;
-    int &stored = list.at(bss.number - 1);
-    if (stored == enable)
-        return unchanged;
-    stored = enable;
-    return write_numbers(bss.ifname.data(), enabled_key, list);
-}
-
 Status read_transmitter(const char *who, const Bss &bss, bool *ret_is_on) {
     std::array<char, 16> text;
     int number = 0;
@@ -53,7 +41,7 @@ Status read_transmitter(const char *who, const Bss &bss, bool *ret_is_on) {
     return success;
 }
 
-// Brings one interface up and then takes the other down.
+// Up first: the radio is never without an interface.
 Status swap_interfaces(int up, int down) {
     return ZAV_InterfaceUp(up) != success ? failure : ZAV_InterfaceDown(down);
 }
@@ -105,7 +93,9 @@ Status ZAV_SetEnable(int index, unsigned enable) {
     RadioBss bss;
     if (find_on_radio(__func__, index, &bss) != success)
         return failure;
-    if (const Status stored = store_enable(bss, static_cast<int>(enable)); stored != success)
+    if (const Status stored =
+            change_list_number(bss.ifname.data(), enabled_key, bss.number, static_cast<int>(enable));
+        stored != success)
         return stored;
     const int enabled_on_band = getBssEnabledOnBand(index);
     if (!driver_loaded)

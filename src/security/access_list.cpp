@@ -23,7 +23,7 @@ constexpr std::size_t longest_listing = 3199;
 using Key = std::array<char, 32>;
 using MacText = std::array<char, mac_length + 1>;
 
-// Where the list of a BSS is stored.
+// The keys of a BSS.
 struct Place {
     InterfaceName ifname;
     Key policy, macs, names;
@@ -108,12 +108,15 @@ Status check_name(const char *who, std::string_view name) {
     return success;
 }
 
-// Those who change the list begin the line with another word than those who read it.
-Status check_limit(const char *who, const char *word, const StoredList &macs) {
-    if (macs.count >= 0)
-        return success;
-    log_error("[ZAV-API] Error %s %sThe access list is exceed the max length of 64 entries!\n", who, word);
-    return failure;
+constexpr Line<const char *> too_long_to_change =
+    "[ZAV-API] Error %s ERROR: The access list is exceed the max length of 64 entries!\n";
+constexpr Line<const char *> too_long_to_read =
+    "[ZAV-API] Error %s error:The access list is exceed the max length of 64 entries!\n";
+
+Status check_limit(const char *who, const Line<const char *> &line, const StoredList &macs) {
+    if (macs.count < 0)
+        log_error(line.text, who);
+    return macs.count < 0 ? failure : success;
 }
 
 std::size_t grown(const StoredList &list, std::size_t item) {
@@ -142,18 +145,20 @@ Status store_list(const Place &place, const Key &key, const std::string &list) {
     return nvram_set_str(place.ifname.data(), key.data(), list.c_str()) == failure ? failure : success;
 }
 
-Status store_with(const Place &place, const Key &key, const StoredList &list, std::string_view item) {
+Status store_changed(const Place &place, const Key &key, const StoredList &list, AccessListMode mode,
+                     std::string_view item, std::size_t position) {
     std::string changed;
-    if (BuildAccessListString(list.tokens(), &changed, AccessListMode::append, item, 0) != success)
+    if (BuildAccessListString(list.tokens(), &changed, mode, item, position) != success)
         return failure;
     return store_list(place, key, changed);
 }
 
+Status store_with(const Place &place, const Key &key, const StoredList &list, std::string_view item) {
+    return store_changed(place, key, list, AccessListMode::append, item, 0);
+}
+
 Status store_without(const Place &place, const Key &key, const StoredList &list, std::size_t position) {
-    std::string changed;
-    if (BuildAccessListString(list.tokens(), &changed, AccessListMode::remove, "", position) != success)
-        return failure;
-    return store_list(place, key, changed);
+    return store_changed(place, key, list, AccessListMode::remove, "", position);
 }
 
 void tell_driver(int index, const char *command, const char *value) {
@@ -209,7 +214,7 @@ Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name)
     read_upper_macs(__func__, place, &macs);
     if (macs.text.find(upper.data()) != macs.text.npos)
         return unchanged;
-    if (check_limit(__func__, "ERROR: ", macs) != success)
+    if (check_limit(__func__, too_long_to_change, macs) != success)
         return failure;
     if (macs.count == static_cast<int>(most_entries)) {
         log_error("[ZAV-API] Error %s ERROR: access list is full, cannot add more MACs.\n", __func__);
@@ -235,7 +240,7 @@ Status ZAV_SetMacAddressControlDelete(int index, const char *mac) {
     read_upper_macs(__func__, place, &macs);
     if (macs.text.find(upper.data()) == macs.text.npos)
         return unchanged;
-    if (check_limit(__func__, "ERROR: ", macs) != success)
+    if (check_limit(__func__, too_long_to_change, macs) != success)
         return failure;
     const auto tokens = macs.tokens();
     const auto entry = std::find(tokens.begin(), tokens.end(), std::string_view(upper.data()));
@@ -258,7 +263,7 @@ Status ZAV_GetMacAddressControlList(int index, std::span<char> ret_list) {
     if (find_place(index, &place) != success)
         return failure;
     read_macs(__func__, place, &macs);
-    if (check_limit(__func__, "error:", macs) != success)
+    if (check_limit(__func__, too_long_to_read, macs) != success)
         return failure;
     for (const std::string_view mac : macs.tokens())
         if (!is_mac(mac)) {
@@ -287,7 +292,7 @@ Status ZAV_GetMacAddressControlCount(int index, unsigned *ret_count) {
     if (find_place(index, &place) != success)
         return failure;
     read_macs(__func__, place, &macs);
-    if (check_limit(__func__, "error:", macs) != success)
+    if (check_limit(__func__, too_long_to_read, macs) != success)
         return failure;
     *ret_count = static_cast<unsigned>(macs.count);
     return success;

@@ -137,17 +137,13 @@ Status ZAV_GetWepEncryptionLevel(int index, std::span<char> ret_level) {
 
 Status ZAV_SetWepEncryptionLevel(int index, const char *level) {
     Bss bss;
-    int key_index = 0, stored = 0;
+    int key_index = 0;
     const int *wanted = find_code(wep_levels, level);
     if (find_bss(__func__, index, &bss) != success || wanted == nullptr ||
         read_default_key(bss, &key_index) != success)
         return failure;
     const SettingKey key = wep_setting("Key%iEncLevel", key_index);
-    if (read_list_number(bss.ifname.data(), key.data(), bss.number, &stored) != success)
-        return failure;
-    if (stored == *wanted)
-        return unchanged;
-    return write_list_number(bss.ifname.data(), key.data(), bss.number, *wanted);
+    return change_list_number(bss.ifname.data(), key.data(), bss.number, *wanted);
 }
 
 Status ZAV_GetWepKey(int index, int key_index, std::span<char> ret_key) {

@@ -13,11 +13,11 @@
 Status ZAV_GetRadiusServerAddress(int index, std::span<char> ret_address);
 Status ZAV_SetRadiusServerAddress(int index, const char *address);
 
-// 1 to 65535; setting 0 stores 1.
+// Set from 1 to 65535, and 0 stores 1; read as it is stored.
 Status ZAV_GetRadiusServerPort(int index, unsigned *ret_port);
 Status ZAV_SetRadiusServerPort(int index, unsigned port);
 
-// At most 64 characters are read; any text is stored.
+// At most 64 characters are read; any text without a line feed is stored.
 Status ZAV_GetRadiusServerKey(int index, std::span<char> ret_key);
 Status ZAV_SetRadiusServerKey(int index, const char *key);
 

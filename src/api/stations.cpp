@@ -55,9 +55,9 @@ void fill_device(const StationRecord &station, wlan_device_t *ret_device) {
 void fill_table_entry(const StationRecord &station, wlan_device_t *ret_device) {
     fill_device(station, ret_device);
     copy_text(ret_device->ip_address, "");
-    ret_device->rssi = station.rssi;
+    ret_device->rssi = int{station.rssi};
     ret_device->byte_value = station.bss;
-    ret_device->int_value1 = station.signed14;
+    ret_device->int_value1 = int{station.signed14};
     std::copy(station.name.begin(), station.name.end(), ret_device->name_field);
 }
 

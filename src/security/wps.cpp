@@ -83,9 +83,8 @@ const char *state_text(const WscInfo &info) {
     constexpr int idle = 0, success_state = 4;
     constexpr int not_used = 0, idle_status = 1, failed = 2, configured_status = 34;
     const char *name = find_name(wps_states, info.State);
-    if (info.State == idle && info.Status != not_used && info.Status != idle_status)
-        name = nullptr;
-    else if (info.State == success_state && info.Status != configured_status)
+    const bool is_idle = info.Status == not_used || info.Status == idle_status;
+    if ((info.State == idle && !is_idle) || (info.State == success_state && info.Status != configured_status))
         name = nullptr;
     else if (name == nullptr && info.Status == failed)
         name = "Failed";

@@ -35,6 +35,13 @@ Status nvram_set_int(const char *ifname, const char *key, int value);
 // keys, and for values that the driver is told first.
 bool nvram_can_hold(const char *who, const char *value);
 
+// Whether the file can take the settings, one after the other: false with an error line that names `who` when
+// it would pass its limit, and without a word, as everywhere, when it cannot be read.
+struct Setting {
+    std::string key, value;
+};
+bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting> settings);
+
 // Whether the file can take so many bytes more; false when it cannot be read.
 bool nvram_has_room(const char *ifname, std::size_t added);
 

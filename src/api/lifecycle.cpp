@@ -5,7 +5,6 @@
 #include "backend/lifecycle.h"
 
 #include <atomic>
-#include <mutex>
 
 namespace {
 
@@ -16,37 +15,30 @@ std::atomic<unsigned char> init_state{idle}; // bits
 std::atomic<unsigned> init_reported{0};      // a final answer has been handed out
 std::atomic<int> init_result{success};       // stored before the finished bit is set
 
-// Guards the end of an init against a reset: a thread that a reset has overtaken changes nothing any more.
-std::mutex init_end_mutex;
-std::atomic<unsigned> init_generation{0};
-
 Status last_init_result() { return static_cast<Status>(init_result.load()); }
 
-void publish_result(unsigned generation, Status result) {
-    const std::lock_guard held(init_end_mutex);
-    if (generation != init_generation)
+// An init that a reset has overtaken is nobody's any more.
+void publish_result(const char *who, unsigned run, Status result) {
+    const auto held = hold_stops_off();
+    if (run != driver_run)
         return;
-    init_result = result;
+    init_result = report(who, result, "wlan init - traffic is now passing.\n");
     init_state.fetch_or(finished, std::memory_order_release);
 }
 
-void *init_thread_function(void *) {
+void *init_thread_function(void *argument) {
     constexpr char who[] = "init_thread_function";
     log_debug("[ZAV-API] %s wlan init - init thread started.\n", who);
-    const unsigned generation = init_generation;
+    const unsigned run = *static_cast<const unsigned *>(argument); // gone after the first step
     init_state.fetch_or(started);
     init_state.notify_all();
-    Status result = ZAV_Init();
-    if (result == failure)
-        log_error("[ZAV-API] Error %s failed !!!\n", who);
-    else
-        log_debug("[ZAV-API] %s wlan init - traffic is now passing.\n", who);
-    publish_result(generation, result == failure ? failure : success);
+    publish_result(who, run, ZAV_Init(run));
     return nullptr;
 }
 
 Status start_init(const char *who) {
-    if (!start_worker(who, &init_thread, init_thread_function)) {
+    unsigned run = driver_run;
+    if (!start_worker(who, &init_thread, init_thread_function, &run)) {
         init_reported = 1;
         log_debug("[ZAV-API] %s wlan init - error creating init thread.\n", who);
         return failure;
@@ -87,14 +79,10 @@ Status wlan_init() {
 
 Status wlan_reset() {
     log_debug("[ZAV-API] %s entry.\n", __func__);
-    if (ZAV_Stop() == failure) {
-        log_error("[ZAV-API] Error %s failed !!!\n", __func__);
-        return failure;
+    const Status result = report(__func__, ZAV_Stop(), "wlan stopped.\n");
+    if (result == success) {
+        init_reported = 0;
+        init_state = idle;
     }
-    log_debug("[ZAV-API] %s wlan stopped.\n", __func__);
-    const std::lock_guard held(init_end_mutex);
-    ++init_generation;
-    init_reported = 0;
-    init_state = idle;
-    return success;
+    return result;
 }

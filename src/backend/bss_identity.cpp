@@ -9,6 +9,7 @@
 
 #include <array>
 #include <cerrno>
+#include <charconv>
 #include <cstdio>
 #include <cstring>
 #include <net/if.h>
@@ -19,11 +20,7 @@ namespace {
 
 constexpr std::size_t longest_ssid = 32;
 
-// Where the SSID of a BSS is stored.
-struct SsidKey {
-    InterfaceName ifname;
-    std::array<char, 16> key;
-};
+using SsidKey = std::array<char, 16>;
 
 // Scratch of ZAV_GetBSSIDPort: a slot for each possible index.
 using BssidText = std::array<char, 20>;
@@ -45,6 +42,19 @@ Status read_number(const InterfaceName &ifname, const char *key, int *ret_value)
     return success;
 }
 
+// Six pairs of hexadecimal digits; what stands behind them does not matter.
+bool scan_address(const char *text, std::array<unsigned, 6> *ret_octets) {
+    for (unsigned &octet : *ret_octets) {
+        if (&octet != ret_octets->begin() && *text++ != ':')
+            return false;
+        const auto [end, error] = std::from_chars(text, text + strnlen(text, 2), octet, 16);
+        if (error != std::errc{})
+            return false;
+        text = end;
+    }
+    return true;
+}
+
 // Turns the base address in `bssid` into that of the BSS, from the second on.
 Status derive_bssid(const char *who, int rule, int bss_count, unsigned bss, std::span<char> bssid) {
     std::array<unsigned, 6> octet{};
@@ -53,8 +63,7 @@ Status derive_bssid(const char *who, int rule, int bss_count, unsigned bss, std:
         log_error("[ZAV-API] Error %s invalid MbssidByLAM value\n", who);
         return failure;
     }
-    if ((rule == 1 && mask == 0) || std::sscanf(bssid.data(), "%2x:%2x:%2x:%2x:%2x:%2x", &octet[0], &octet[1],
-                                                &octet[2], &octet[3], &octet[4], &octet[5]) != 6)
+    if ((rule == 1 && mask == 0) || !scan_address(bssid.data(), &octet))
         return failure;
     if (rule == 1)
         octet[0] = ((octet[0] | 0x02) & (mask * 4 + 3)) + (bss - 2) * 4;
@@ -65,12 +74,10 @@ Status derive_bssid(const char *who, int rule, int bss_count, unsigned bss, std:
     return success;
 }
 
-Status find_ssid_key(const char *who, int index, SsidKey *ret_place) {
-    unsigned bss = 0;
-    if (check_index(who, index) != success ||
-        GET_IFNAME_FROM_INDEX(&ret_place->ifname, index, &bss) != success)
+Status find_ssid_key(const char *who, int index, Bss *ret_bss, SsidKey *ret_key) {
+    if (find_bss(who, index, ret_bss) != success)
         return failure;
-    std::snprintf(ret_place->key.data(), ret_place->key.size(), "SSID%u", bss);
+    std::snprintf(ret_key->data(), ret_key->size(), "SSID%u", ret_bss->number);
     return success;
 }
 
@@ -103,23 +110,25 @@ Status ZAV_GetStatus(int index, std::span<char> ret_status) {
 }
 
 Status ZAV_GetSSID(int index, std::span<char> ret_ssid) {
-    SsidKey place;
-    if (find_ssid_key(__func__, index, &place) != success ||
-        nvram_get_str(place.ifname.data(), place.key.data(), ret_ssid) != success)
+    Bss bss;
+    SsidKey key;
+    if (find_ssid_key(__func__, index, &bss, &key) != success ||
+        nvram_get_str(bss.ifname.data(), key.data(), ret_ssid) != success)
         return failure;
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_ssid.data());
     return success;
 }
 
 Status ZAV_SetSSID(int index, const char *ssid) {
-    SsidKey place;
-    if (find_ssid_key(__func__, index, &place) != success)
+    Bss bss;
+    SsidKey key;
+    if (find_ssid_key(__func__, index, &bss, &key) != success)
         return failure;
     std::array<char, longest_ssid + 1> stored;
-    if (nvram_get_str(place.ifname.data(), place.key.data(), stored) == success &&
+    if (nvram_get_str(bss.ifname.data(), key.data(), stored) == success &&
         std::strncmp(stored.data(), ssid, longest_ssid) == 0)
         return unchanged;
-    return nvram_set_str(place.ifname.data(), place.key.data(), ssid);
+    return nvram_set_str(bss.ifname.data(), key.data(), ssid);
 }
 
 Status ZAV_GetBSSID(int index, std::span<char> ret_bssid) {

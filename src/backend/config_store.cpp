@@ -127,6 +127,10 @@ std::optional<std::string_view> with_value(std::string_view text, std::optional<
     return join({text, open_line ? "\n" : "", key, "=", value.text, value.closing(), "\n"});
 }
 
+void say_too_long(const char *who) {
+    log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, file_limit - 1);
+}
+
 Status store_value(const char *who, Descriptor file, std::string_view key, const Value &value) {
     const auto text = read_settings(file);
     if (!text)
@@ -137,7 +141,7 @@ Status store_value(const char *who, Descriptor file, std::string_view key, const
         return unchanged;
     const auto changed = with_value(*text, place, key, value);
     if (!is_whole || !changed) {
-        log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, file_limit - 1);
+        say_too_long(who);
         return failure;
     }
     if (!replace_text(file.get(), *text, *changed) || !file.close()) {
@@ -220,10 +224,25 @@ Status nvram_change_by_command(const char *who, const char *ifname, std::string_
     return stored && stored->find(text) != stored->npos ? change(who, path) : success;
 }
 
-bool nvram_has_room(const char *ifname, std::size_t added) {
+bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting> settings) {
     const std::lock_guard held(store_mutex);
     const auto text = read_settings(open_settings(ifname));
-    return text && text->size() + added < file_limit;
+    if (!text)
+        return false;
+    std::size_t length = text->size();
+    bool fits = length < file_limit, open_line = !text->ends_with('\n');
+    for (const auto &[key, value] : settings) {
+        if (const auto place = find_value(*text, key)) {
+            length += value.size() - (place->end - place->begin);
+        } else {
+            length += key.size() + value.size() + (open_line ? 3 : 2);
+            open_line = false;
+        }
+        fits = fits && length < file_limit;
+    }
+    if (!fits)
+        say_too_long(who);
+    return fits;
 }
 
 unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value) {

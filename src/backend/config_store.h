@@ -45,8 +45,12 @@ bool nvram_can_hold(const char *who, const char *value);
 Status nvram_change_by_command(const char *who, const char *ifname, std::string_view text,
                                Status (*change)(const char *who, const char *path));
 
-// Whether the file can take so many bytes more; false when it cannot be read.
-bool nvram_has_room(const char *ifname, std::size_t added);
+// Whether the file can take the settings, one after the other: false with an error line that names `who` when
+// it would pass its limit, and without a word, as everywhere, when it cannot be read.
+struct Setting {
+    std::string key, value;
+};
+bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting> settings);
 
 // Getting and setting by interface index (see interfaces.h). An index without an interface answers the
 // default, or -1.

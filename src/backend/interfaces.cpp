@@ -9,13 +9,17 @@
 #include <algorithm>
 #include <cstdio>
 #include <cstdlib>
+#include <mutex>
 
 namespace {
+
+std::mutex counts_mutex; // held where a count or InterfacesUp changes
 
 // A count is read once and kept until the driver is stopped or loaded for the other band alone.
 unsigned refresh(std::atomic<unsigned> &count, const char *ifname, unsigned loaded_without) {
     if (const unsigned known = count; known != 0)
         return known;
+    const std::lock_guard held(counts_mutex); // over the reading too: what is stored must not be outdated
     std::array<char, 16> text{};
     if (nvram_get_str(ifname, "BssidNum", text) != success || InterfacesUp == loaded_without)
         return 0;
@@ -31,17 +35,41 @@ struct Position {
     unsigned number;
 };
 
-Status find_position(int index, Position *ret_position) {
+Status find_position(int index, Position *ret_position, const char *who = nullptr) {
     const BssCounts counts = refresh_counts();
-    if (index < 1 || static_cast<unsigned>(index) > counts.total())
+    if (index < 1 || static_cast<unsigned>(index) > counts.total()) {
+        if (who != nullptr)
+            log_debug("[ZAV-API] %s illegal index:%i.\n", who, index);
         return failure;
+    }
     const auto position = static_cast<unsigned>(index);
     *ret_position =
         position <= counts.on_24g ? Position{true, position} : Position{false, position - counts.on_24g};
     return success;
 }
 
+void write_name(const Position &position, InterfaceName *ret_name) {
+    *ret_name = {};
+    std::snprintf(ret_name->data(), ret_name->size(), position.is_24g ? "zvi0%u" : "zv0%u",
+                  position.number - 1);
+}
+
 } // namespace
+
+void set_interfaces_up(unsigned band) {
+    const std::lock_guard held(counts_mutex);
+    InterfacesUp = band;
+    if (band == 24)
+        BssidNumZv00 = 0;
+    if (band == 5)
+        BssidNumZvi00 = 0;
+}
+
+void forget_counts() {
+    const std::lock_guard held(counts_mutex);
+    BssidNumZvi00 = 0;
+    BssidNumZv00 = 0;
+}
 
 BssCounts refresh_counts() {
     const unsigned on_5g = refresh(BssidNumZv00, "zv00", 24);
@@ -69,33 +97,34 @@ Status ZAV_GetNumberOfEntriesPerInf(unsigned *ret_first, unsigned *ret_last, int
 Status isIndexValid(int index) { return check_index(__func__, index); }
 
 Status check_index(const char *who, int index) {
-    if (Position position; find_position(index, &position) == success)
-        return success;
-    log_debug("[ZAV-API] %s illegal index:%i.\n", who, index);
-    return failure;
+    Position position;
+    return find_position(index, &position, who);
 }
 
 Status GET_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss) {
     Position position;
     if (find_position(index, &position) != success)
         return failure;
-    std::snprintf(ret_name->data(), ret_name->size(), position.is_24g ? "zvi0%u" : "zv0%u",
-                  position.number - 1);
+    write_name(position, ret_name);
     if (ret_bss != nullptr)
         *ret_bss = position.number;
     return success;
 }
 
 Status find_bss(const char *who, int index, Bss *ret_bss) {
-    if (check_index(who, index) != success)
+    Position position;
+    if (find_position(index, &position, who) != success)
         return failure;
-    return GET_IFNAME_FROM_INDEX(&ret_bss->ifname, index, &ret_bss->number);
+    write_name(position, &ret_bss->ifname);
+    ret_bss->number = position.number;
+    return success;
 }
 
 Status GET_ATM_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss) {
     Position position;
     if (find_position(index, &position) != success)
         return failure;
+    *ret_name = {};
     copy_text(*ret_name, position.is_24g ? "atm24g" : "atm5g");
     if (ret_bss != nullptr)
         *ret_bss = position.number;

@@ -26,6 +26,11 @@ struct BssCounts {
 };
 BssCounts refresh_counts();
 
+// The driver is loaded for these radios; forgets the count of the other one. Then the stop: forgets both. A
+// look-up that runs meanwhile does not bring an old count back.
+void set_interfaces_up(unsigned band);
+void forget_counts();
+
 // Always 0.
 Status ZAV_GetNumberOfEntries(unsigned *ret_count);
 
@@ -37,8 +42,9 @@ Status isIndexValid(int index);
 Status check_index(const char *who, int index);
 
 // The driver's interface name and, where asked for, the BSS number; -1 and nothing written for an index
-// that names no BSS.
+// that names no BSS. The whole name is written, since the driver's requests carry it whole.
 Status GET_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss);
+
 // Where the settings of a BSS stand: its interface, and its number in the lists and keys of its band. -1 with
 // the debug line of check_index.
 struct Bss {
@@ -46,7 +52,6 @@ struct Bss {
     unsigned number;
 };
 Status find_bss(const char *who, int index, Bss *ret_bss);
-
 // As GET_IFNAME_FROM_INDEX with the name of the radio's air-time interface, "atm24g" or "atm5g".
 Status GET_ATM_IFNAME_FROM_INDEX(InterfaceName *ret_name, int index, unsigned *ret_bss);
 // The same for operations that need a running driver: -1 before it is initialised.

@@ -7,8 +7,10 @@
 #include "backend/value_lists.h"
 
 #include <chrono>
+#include <condition_variable>
 #include <mutex>
 #include <thread>
+#include <utility>
 
 namespace {
 
@@ -30,9 +32,9 @@ constexpr BandCommands band_commands[] = {
 };
 constexpr const BandCommands &dual_commands = band_commands[2];
 
-// Counts the successful stops, so that an init that a stop has overtaken can tell.
-std::atomic<unsigned> stops{0};
-std::mutex init_begin_mutex; // a stop comes before an init begins or behind it, not in the middle
+std::mutex stop_mutex; // guards what follows and the changes of driver_run
+std::condition_variable stop_ended;
+bool stop_runs = false;
 
 const BandCommands *find_band(unsigned band) {
     for (const BandCommands &commands : band_commands)
@@ -41,10 +43,7 @@ const BandCommands *find_band(unsigned band) {
     return nullptr;
 }
 
-Status wps_enabled(int index, int *ret_enabled) {
-    InterfaceName ifname;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
-        return failure;
+Status wps_enabled(const InterfaceName &ifname, int *ret_enabled) {
     return read_list_number(ifname.data(), "WscEnable", 1, ret_enabled);
 }
 
@@ -52,8 +51,10 @@ Status wps_enabled(int index, int *ret_enabled) {
 Status switch_wps_mode_off(int first_index) { return ZAV_Set(first_index, "WscConfMode=0"); }
 
 Status switch_wps_mode_off_if_disabled(int first_index) {
+    InterfaceName ifname;
     int enabled = 0;
-    if (wps_enabled(first_index, &enabled) != success)
+    if (GET_IFNAME_FROM_INDEX(&ifname, first_index, nullptr) != success ||
+        wps_enabled(ifname, &enabled) != success)
         return failure;
     return enabled != 0 ? success : switch_wps_mode_off(first_index);
 }
@@ -68,17 +69,46 @@ Status settle_wps(int running) {
     return success;
 }
 
-Status begin_init(const char *who, unsigned *ret_stops) {
-    const std::lock_guard held(init_begin_mutex);
+bool has_ended(unsigned run) {
+    const auto held = hold_stops_off();
+    return run != driver_run;
+}
+
+Status begin_init(const char *who, unsigned run) {
+    if (run != driver_run)
+        return failure;
     if (!driver_loaded) {
         log_error("[ZAV-API] Error %s The driver/s was not loaded!\n", who);
         return failure;
     }
-    *ret_stops = stops;
     return driver_initialised.exchange(true) ? failure : success;
 }
 
+void begin_stop() {
+    const std::lock_guard held(stop_mutex);
+    stop_runs = true;
+}
+
+void end_stop(Status result) {
+    const std::lock_guard held(stop_mutex);
+    if (result == success) {
+        ++driver_run;
+        driver_initialised = false;
+        driver_loaded = false;
+        forget_counts();
+        vlan_file_is_reset = false;
+    }
+    stop_runs = false;
+    stop_ended.notify_all();
+}
+
 } // namespace
+
+std::unique_lock<std::mutex> hold_stops_off() {
+    std::unique_lock held(stop_mutex);
+    stop_ended.wait(held, [] { return !stop_runs; });
+    return held;
+}
 
 Status ZAV_Start(int band) {
     if (driver_loaded) {
@@ -90,69 +120,60 @@ Status ZAV_Start(int band) {
     const BandCommands *commands = find_band(static_cast<unsigned>(band));
     if (commands == nullptr)
         return failure;
-    InterfacesUp = commands->band; // before the counts: a look-up meanwhile leaves the other band out
-    if (band == 24)
-        BssidNumZv00 = 0;
-    if (band == 5)
-        BssidNumZvi00 = 0;
+    set_interfaces_up(commands->band);
     if (run_command(__func__, commands->load) != success)
         return failure;
     driver_loaded = true;
     return success;
 }
 
-Status ZAV_Init() {
+Status ZAV_Init(unsigned run) {
     log_debug("[ZAV-API] %s  entry.\n", __func__);
-    unsigned begun = 0;
-    if (begin_init(__func__, &begun) != success)
+    auto held = hold_stops_off();
+    if (begin_init(__func__, run) != success)
         return failure;
     const BandCommands *commands = find_band(InterfacesUp);
-    if (commands == nullptr || run_command(__func__, commands->init) != success)
+    if (commands == nullptr || run_command(__func__, commands->init, std::move(held)) != success)
         return failure;
-    if (stops != begun)
+    if (has_ended(run))
         return failure; // what runs now is not the driver of this init
     const int running = GET_RUNNING_INTERFACES();
     if (running == 0 || settle_wps(running) != success)
         return failure;
     std::this_thread::sleep_for(settling_time);
-    if (stops != begun)
+    held = hold_stops_off();
+    if (run != driver_run)
         return failure; // nothing is left that could join a bridge
     const BandCommands *settled = find_band(static_cast<unsigned>(running));
-    return run_command(__func__, settled == nullptr ? dual_commands.vlans : settled->vlans);
+    return run_command(__func__, settled == nullptr ? dual_commands.vlans : settled->vlans, std::move(held));
 }
 
 Status ZAV_Stop() {
     log_debug("[ZAV-API] %s entry.\n", __func__);
-    if (run_command(__func__, "$zav_install_dir/zv_host.sh removevlans dual br0_remains") != success ||
-        run_command(__func__, "$zav_install_dir/zv_host.sh stop all") != success)
-        return failure;
-    const std::lock_guard held(init_begin_mutex);
-    ++stops;
-    driver_initialised = false;
-    driver_loaded = false;
-    BssidNumZvi00 = 0;
-    BssidNumZv00 = 0;
-    vlan_file_is_reset = false;
-    return success;
+    begin_stop();
+    Status result = run_command(__func__, "$zav_install_dir/zv_host.sh removevlans dual br0_remains");
+    if (result == success)
+        result = run_command(__func__, "$zav_install_dir/zv_host.sh stop all");
+    end_stop(result);
+    return result;
 }
 
 Status ZAV_Restart(int index) {
-    if (check_index(__func__, index) != success)
+    Bss bss;
+    int enabled = 0;
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
     if (!driver_initialised)
         return success;
-    unsigned first = 0, last = 0;
-    int enabled = 0;
-    InterfaceName ifname;
-    if (ZAV_GetNumberOfEntriesPerInf(&first, &last, index) != success ||
-        GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success || wps_enabled(index, &enabled) != success)
+    if (wps_enabled(bss.ifname, &enabled) != success)
         return failure;
     log_debug("[ZAV-API] %s restarting interfaces...\n", __func__);
-    const char *command = is_24g_name(ifname.data()) ? "$zav_install_dir/zv_host.sh restart_interfaces 24g"
-                                                     : "$zav_install_dir/zv_host.sh restart_interfaces 5g";
+    const char *command = is_24g_name(bss.ifname.data())
+                              ? "$zav_install_dir/zv_host.sh restart_interfaces 24g"
+                              : "$zav_install_dir/zv_host.sh restart_interfaces 5g";
     if (run_command(__func__, command) != success)
         return failure;
-    return enabled != 0 ? success : switch_wps_mode_off(static_cast<int>(first));
+    return enabled != 0 ? success : switch_wps_mode_off(index - static_cast<int>(bss.number) + 1);
 }
 
 Status ZAV_RestartAll() {

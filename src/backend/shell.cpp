@@ -11,32 +11,46 @@
 #include <fcntl.h>
 #include <memory>
 #include <spawn.h>
+#include <string>
 #include <sys/wait.h>
+#include <utility>
 
 extern char **environ;
 
 namespace {
 
-// Not system(): that ignores SIGINT and SIGQUIT in the whole process for as long as a worker's script runs.
-pid_t start_shell(const char *command, int output) {
+// No signals blocked, none ignored.
+bool set_signals(posix_spawnattr_t *attributes) {
     sigset_t none, all;
     sigemptyset(&none);
     sigfillset(&all);
+    return posix_spawnattr_setflags(attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF) == 0 &&
+           posix_spawnattr_setsigmask(attributes, &none) == 0 &&
+           posix_spawnattr_setsigdefault(attributes, &all) == 0;
+}
+
+bool set_files(posix_spawn_file_actions_t *files, int output) {
+    if (output != STDOUT_FILENO && posix_spawn_file_actions_adddup2(files, output, STDOUT_FILENO) != 0)
+        return false;
+    return posix_spawn_file_actions_addclosefrom_np(files, STDERR_FILENO + 1) == 0;
+}
+
+// Not system(): that ignores SIGINT and SIGQUIT in the whole process for as long as a worker's script runs.
+pid_t start_shell(const char *command, int output) {
     posix_spawnattr_t attributes;
-    posix_spawnattr_init(&attributes);
-    posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF);
-    posix_spawnattr_setsigmask(&attributes, &none);
-    posix_spawnattr_setsigdefault(&attributes, &all);
+    if (posix_spawnattr_init(&attributes) != 0)
+        return -1;
     posix_spawn_file_actions_t files;
-    posix_spawn_file_actions_init(&files);
-    if (output != STDOUT_FILENO)
-        posix_spawn_file_actions_adddup2(&files, output, STDOUT_FILENO);
-    posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1);
+    if (posix_spawn_file_actions_init(&files) != 0) {
+        posix_spawnattr_destroy(&attributes);
+        return -1;
+    }
     std::array<char, 3> shell{"sh"}, option{"-c"};
-    std::unique_ptr<char, void (*)(void *)> text(strdup(command), std::free);
-    char *const words[] = {shell.data(), option.data(), text.get(), nullptr};
+    std::string text(command); // the words are not const
+    char *const words[] = {shell.data(), option.data(), text.data(), nullptr};
     pid_t child = -1;
-    if (posix_spawn(&child, "/bin/sh", &files, &attributes, words, environ) != 0)
+    if (!set_signals(&attributes) || !set_files(&files, output) ||
+        posix_spawn(&child, "/bin/sh", &files, &attributes, words, environ) != 0)
         child = -1;
     posix_spawn_file_actions_destroy(&files);
     posix_spawnattr_destroy(&attributes);
@@ -53,16 +67,18 @@ int wait_for(pid_t child) {
 }
 
 // The wait status, or -1.
-int run(const char *command) {
+int run(const char *command, std::unique_lock<std::mutex> held = {}) {
     const pid_t child = start_shell(command, STDOUT_FILENO);
+    if (held)
+        held.unlock();
     return child < 0 ? -1 : wait_for(child);
 }
 
 } // namespace
 
-Status run_command(const char *who, const char *command) {
+Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held) {
     log_debug("[ZAV-API] %s command=%s\n", who, command);
-    const int rc = run(command);
+    const int rc = run(command, std::move(held));
     if (rc == -1)
         return failure;
     // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.

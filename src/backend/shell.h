@@ -3,6 +3,7 @@
 #include "backend/status.h"
 
 #include <functional>
+#include <mutex>
 #include <string_view>
 
 // The only place that starts a process. Commands run through /bin/sh exactly as written, with descriptors 0,
@@ -10,7 +11,8 @@
 
 // Logs and runs `command`. 0 when its exit status is 0 (or a signal ended the shell); -1 when the shell could
 // not be started or, with an error line that names `who`, on any other exit status.
-Status run_command(const char *who, const char *command);
+// A lock that is handed over ends as soon as the command has begun.
+Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held = {});
 
 // Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
 // only when the shell could not be started: the exit status is not looked at.

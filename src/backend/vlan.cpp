@@ -7,7 +7,7 @@
 #include "backend/text.h"
 
 #include <array>
-#include <cstdio>
+#include <span>
 #include <string>
 
 namespace {
@@ -15,18 +15,12 @@ namespace {
 constexpr char vlan_store[] = "vlan"; // the store's name for the VLAN file
 constexpr int collecting_vlan = 4095; // its slot gathers interfaces, and its ports have no VLAN id
 
-using Key = std::array<char, 40>;
-
-Key slot_key(const char *pattern_begin, unsigned slot, const char *pattern_end) {
-    Key key;
-    std::snprintf(key.data(), key.size(), "%s%u%s", pattern_begin, slot, pattern_end);
-    return key;
-}
+std::string slot_key(unsigned slot, const char *rest = "") { return "VlanId" + std::to_string(slot) + rest; }
 
 int stored_vlan(unsigned slot) {
     std::array<char, 16> text;
     int vlan = 0;
-    if (nvram_get_str(vlan_store, slot_key("VlanId", slot, "").data(), text) == success)
+    if (nvram_get_str(vlan_store, slot_key(slot).c_str(), text) == success)
         (void)scan_number(text.data(), &vlan);
     return vlan;
 }
@@ -46,34 +40,31 @@ bool find_slot(int vlan, unsigned *ret_slot, bool *ret_free) {
 }
 
 // The bridge scripts take the text with its quotes, so they stand as they are.
-std::string members_with(const std::string &stored, const char *ifname) {
+std::string members_with(const std::string &stored, const std::string &ifname) {
     std::string members = "\"\"eth0";
     if (!stored.empty())
         members = '"' + stored.substr(0, stored.find('"', 1));
     return members + ' ' + ifname + "\"\"";
 }
 
-Status store_vlan(const char *who, int vlan, unsigned slot, bool is_free, const char *ifname) {
-    const Key members_key = slot_key("VlanId", slot, "Members");
-    std::string members = "\"eth0\"", port_vlan = std::to_string(vlan);
+Status store_vlan(const char *who, int vlan, unsigned slot, bool is_free, const std::string &ifname) {
+    Setting id{slot_key(slot), std::to_string(vlan)}, members{slot_key(slot, "Members"), "\"eth0\""},
+        port_vlan{"Vlan" + ifname + "Pvid", id.value};
     if (vlan == collecting_vlan) {
-        std::string stored(longest_setting, '\0');
-        (void)nvram_get_str(vlan_store, members_key.data(), stored);
-        members = members_with(stored.c_str(), ifname);
-        port_vlan.clear();
+        std::string stored;
+        (void)nvram_get_whole(vlan_store, members.key.c_str(), &stored);
+        members.value = members_with(stored, ifname);
+        port_vlan.value.clear();
     }
-    Key port_key;
-    std::snprintf(port_key.data(), port_key.size(), "Vlan%sPvid", ifname);
-    // All or nothing: the three lines must fit before the first is written.
-    if (!nvram_has_room(vlan_store, members.size() + 3 * sizeof(Key))) {
-        log_error("[ZAV-API] Error %s no room for the members of the VLAN\n", who);
+    const std::array settings{id, members, port_vlan};
+    const auto written = std::span(settings).subspan(is_free ? 0 : 1);
+    // All or nothing: the lines must fit before the first is written.
+    if (!nvram_can_take(who, vlan_store, written))
         return failure;
-    }
-    if (is_free && nvram_set_int(vlan_store, slot_key("VlanId", slot, "").data(), vlan) == failure)
-        return failure;
-    if (nvram_set_str(vlan_store, members_key.data(), members.c_str()) == failure)
-        return failure;
-    return nvram_set_str(vlan_store, port_key.data(), port_vlan.c_str()) == failure ? failure : success;
+    for (const auto &[key, value] : written)
+        if (nvram_set_str(vlan_store, key.c_str(), value.c_str()) == failure)
+            return failure;
+    return success;
 }
 
 } // namespace

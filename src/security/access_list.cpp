@@ -119,46 +119,37 @@ Status check_limit(const char *who, const Line<const char *> &line, const Stored
     return macs.count < 0 ? failure : success;
 }
 
-std::size_t grown(const StoredList &list, std::size_t item) {
-    return list.text.size() + (list.text.empty() ? 0 : 1) + item;
-}
-
-// The bytes that the file grows by, with a line of its own for a missing list.
-std::size_t added(const StoredList &list, const Key &key, std::size_t item) {
-    return grown(list, item) - list.text.size() + (list.is_missing ? std::strlen(key.data()) + 3 : 0);
+// The list with one entry more.
+std::string with_entry(const StoredList &list, std::string_view item) {
+    std::string changed;
+    (void)BuildAccessListString(list.tokens(), &changed, AccessListMode::append, item, 0);
+    return changed;
 }
 
 // An add that the file or the listing cannot take must not leave an address without its name.
-Status check_room(const char *who, const Place &place, const StoredList &macs, const StoredList &names,
-                  std::size_t name) {
-    // A listing ends each address with "=" and each name with ";". Lists that do not match have none.
-    const std::size_t listing = grown(macs, mac_length) + 1 + grown(names, name) + 1;
-    const bool is_listed = names.count == macs.count;
-    const std::size_t bytes = added(macs, place.macs, mac_length) + added(names, place.names, name);
-    if ((!is_listed || listing <= longest_listing) && nvram_has_room(place.ifname.data(), bytes))
-        return success;
-    log_error("[ZAV-API] Error %s ERROR: no room for another entry.\n", who);
-    return failure;
+Status check_room(const char *who, const Place &place, const StoredList &macs, const std::string &new_macs,
+                  const StoredList &names, const std::string &new_names) {
+    const Setting both_lists[] = {{place.macs.data(), new_macs}, {place.names.data(), new_names}};
+    const bool is_listed = names.count == macs.count; // else the names will not be written
+    if (!nvram_can_take(who, place.ifname.data(), std::span(both_lists).first(is_listed ? 2 : 1)))
+        return failure;
+    // A listing ends each address with "=" and each name with ";".
+    if (is_listed && new_macs.size() + 1 + new_names.size() + 1 > longest_listing) {
+        log_error("[ZAV-API] Error %s ERROR: no room for another entry.\n", who);
+        return failure;
+    }
+    return success;
 }
 
 Status store_list(const Place &place, const Key &key, const std::string &list) {
     return nvram_set_str(place.ifname.data(), key.data(), list.c_str()) == failure ? failure : success;
 }
 
-Status store_changed(const Place &place, const Key &key, const StoredList &list, AccessListMode mode,
-                     std::string_view item, std::size_t position) {
+Status store_without(const Place &place, const Key &key, const StoredList &list, std::size_t position) {
     std::string changed;
-    if (BuildAccessListString(list.tokens(), &changed, mode, item, position) != success)
+    if (BuildAccessListString(list.tokens(), &changed, AccessListMode::remove, "", position) != success)
         return failure;
     return store_list(place, key, changed);
-}
-
-Status store_with(const Place &place, const Key &key, const StoredList &list, std::string_view item) {
-    return store_changed(place, key, list, AccessListMode::append, item, 0);
-}
-
-Status store_without(const Place &place, const Key &key, const StoredList &list, std::size_t position) {
-    return store_changed(place, key, list, AccessListMode::remove, "", position);
 }
 
 void tell_driver(int index, const char *command, const char *value) {
@@ -221,10 +212,10 @@ Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name)
         return failure;
     }
     read_list(place, place.names, &names);
-    if (check_room(__func__, place, macs, names, std::strlen(name)) != success ||
-        store_with(place, place.macs, macs, upper.data()) != success ||
-        check_names(__func__, macs, names) != success ||
-        store_with(place, place.names, names, name) != success)
+    const std::string new_macs = with_entry(macs, upper.data()), new_names = with_entry(names, name);
+    if (check_room(__func__, place, macs, new_macs, names, new_names) != success ||
+        store_list(place, place.macs, new_macs) != success || check_names(__func__, macs, names) != success ||
+        store_list(place, place.names, new_names) != success)
         return failure;
     tell_driver(index, "ACLAddEntry", upper.data());
     return success;

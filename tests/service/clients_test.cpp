@@ -144,7 +144,7 @@ std::string json(const std::string &procedure, const std::string &status, const 
 
 TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
     Gateway gateway;
-    prepare({});
+    make_afresh();
     write_file("/tmp/name", "from a file\n");
     gateway.call(22, word(3) + xdr_text("\x1b[31m\xff\xc2\x9b"));
     play({
@@ -177,7 +177,7 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
 
 TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     Gateway gateway;
-    prepare({});
+    make_afresh();
     const auto fault = [&](const char *name, const char *text) {
         write_file(gateway.path(std::string("faults/") + name), text);
     };
@@ -217,7 +217,7 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
 
 TEST(Wlanctl, ShowsStationsAndCounters) {
     Gateway gateway;
-    prepare({});
+    make_afresh();
     const auto fault = [&](const char *name) {
         write_file(gateway.path(std::string("faults/") + name), "5");
     };

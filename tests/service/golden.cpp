@@ -1,5 +1,6 @@
 #include "service/golden.h"
 
+#include <algorithm>
 #include <cstdlib>
 #include <fstream>
 #include <sstream>
@@ -156,27 +157,36 @@ static void give(const GoldenCase &golden, bool faults) {
             write_file(std::string(Gateway::directory) + "/" + file, content);
 }
 
-void prepare(const GoldenCase &golden) {
+void make_afresh() {
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway") != 0)
         throw std::runtime_error("sim/setup failed");
     std::filesystem::remove("/tmp/nvram_set_lock");
     write_file("/tmp/ZAV750vlan.dat", read_file(SOURCE_DIR "/sim/factory/ZAV750vlan.dat"));
-    give(golden, false);
 }
 
-Played::Played(Gateway &gateway, const GoldenCase &golden) : gateway_(gateway), running_(golden.running) {
+// Whether the case leaves something of the driver's behind.
+static bool touches_driver(const GoldenCase &golden) {
+    constexpr unsigned load = 1, init = 2;
+    return golden.running ||
+           std::any_of(golden.calls.begin(), golden.calls.end(),
+                       [](const GoldenCall &call) { return call.number == load || call.number == init; });
+}
+
+Played::Played(Gateway &gateway, const GoldenCase &golden)
+    : gateway_(gateway), needs_reset_(touches_driver(golden)) {
     constexpr std::uint32_t count = 4;
-    prepare(golden);
+    make_afresh();
     std::filesystem::remove("/tmp/wlandbg");
-    if (running_)
+    gateway.call(count, ""); // so that a case does not begin with looking that up
+    give(golden, false);
+    if (golden.running)
         start_driver(gateway);
-    give(golden, true);      // not before: they are faults of the case, not of its beginning
-    gateway.call(count, ""); // a case does not begin with looking that up
+    give(golden, true); // not before: they are faults of the case, not of its beginning
 }
 
 Played::~Played() {
     constexpr std::uint32_t reset = 3;
-    if (running_)
+    if (needs_reset_)
         gateway_.call(reset, "");
 }
 

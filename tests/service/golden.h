@@ -28,8 +28,8 @@ inline void PrintTo(const GoldenCase &golden, std::ostream *stream) { *stream <<
 
 std::vector<GoldenCase> read_golden(const std::string &path);
 
-// Settings files, faults and logs as a fresh gateway has them, then what the case gives but its faults.
-void prepare(const GoldenCase &golden);
+// Settings files, faults and logs as a fresh gateway has them.
+void make_afresh();
 
 // A case while it is played: prepared, with its driver running where it says so, and BSSes counted.
 class Played {
@@ -41,7 +41,7 @@ public:
 
 private:
     Gateway &gateway_;
-    bool running_;
+    bool needs_reset_;
 };
 
 // What the daemon printed and the platform logged from now on.

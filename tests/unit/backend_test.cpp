@@ -9,10 +9,14 @@
 #include "backend/shell.h"
 #include "radio/bss_enable.h"
 
+#include <atomic>
+#include <cerrno>
 #include <climits>
 #include <csignal>
 #include <fstream>
 #include <gtest/gtest.h>
+#include <sys/syscall.h>
+#include <thread>
 #include <unistd.h>
 
 static void write_file(const char *name, const std::string &text) { std::ofstream(name) << text; }
@@ -55,7 +59,12 @@ TEST(Interfaces, HaveOneMeaningForEachIndex) {
     unsigned first = 99;
     EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(nullptr, &first, 5), failure);
     EXPECT_TRUE(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5) == failure && first == 5);
-    InterfaceName name{};
+    InterfaceName name, air_time;
+    name.fill('~');
+    air_time.fill('~');
+    EXPECT_TRUE(GET_IFNAME_FROM_INDEX(&name, 5, nullptr) == success && name == InterfaceName{"zv00"});
+    EXPECT_EQ(GET_ATM_IFNAME_FROM_INDEX(&air_time, 5, nullptr), success);
+    EXPECT_EQ(air_time, InterfaceName{"atm5g"}) << "a request carries all 16 bytes";
     EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), failure) << "the driver is not initialised";
     driver_initialised = true;
     EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), success);
@@ -75,6 +84,27 @@ TEST(Interfaces, TakeTheirCountsFromTheFilesOnce) {
     EXPECT_EQ(meaning(6), std::tuple(success, "zvi05", "atm24g", 6, 1, 6));
     write_file("settings/ZAV75024g.dat", "#\nBssidNum=7\n"); // a known one is kept
     EXPECT_EQ(meaning(7), meaning(0));
+}
+
+// What another thread has read before the stop must not be stored behind it.
+TEST(Interfaces, ForgetTheirCountsForGood) {
+    start_with("4", "3");
+    std::atomic<bool> enough = false;
+    std::jthread worker([&] {
+        for (; !enough; forget_counts())
+            (void)refresh_counts();
+    });
+    int outdated = 0;
+    for (unsigned round = 0; round < 50000; ++round) {
+        write_file("settings/next", "#\nBssidNum=" + std::to_string(round % 9 + 1) + "\n");
+        std::rename("settings/next", "settings/ZAV750.dat");
+        forget_counts();
+        for (unsigned look = 0; look < 200 + round % 2000; ++look) // never in step with the worker
+            if (const unsigned count = BssidNumZv00; count != 0)
+                outdated += count != round % 9 + 1;
+    }
+    enough = true;
+    EXPECT_EQ(outdated, 0);
 }
 
 TEST(Interfaces, AreProbedInBothFormsOfIfconfig) {
@@ -175,38 +205,158 @@ TEST(BssIdentity, GivesTheBitRateInMegabits) {
     EXPECT_EQ(read_text("log"), "rate zv01\nrate zv01\n");
 }
 
-TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
-    constexpr char file[] = "/tmp/ZAV750vlan.dat", bssid[] = "00:00:5E:00:53:20";
+TEST(BssIdentity, MasksTheFirstOctetByTheCount) {
+    const auto bssid = [](const std::string &base, int count, int bss, int rule = 1) -> std::string {
+        write_file("settings/ZAV75024g.dat", "#\nBssidNum=" + std::to_string(count) + "\nMbssidByLAM=" +
+                                                 std::to_string(rule) + "\nWL_MACADDR0=" + base + "\n");
+        BssidNumZvi00 = 0;
+        std::array<char, 20> text{};
+        return ZAV_GetBSSID(bss, text) == success ? text.data() : "failure";
+    };
     start_with("8", "8");
-    write_file("settings/ZAV75024g.dat",
-               std::string("#\nBssidNum=8\nMbssidByLAM=0\nWL_MACADDR0=") + bssid + "\n");
-    const std::string slot = "#\nVlanId0=4095\nVlanId0Members=\"\"eth0 zv00\"\"\n", filler = "F=";
-    // From no room at all to more than enough.
-    int done = 0;
-    for (std::size_t room = 1; room < 200; ++room) {
-        std::string text = slot + filler;
-        text.resize(16383 - room, 'x');
-        text += '\n';
-        for (const std::uint16_t vlan : {std::uint16_t{4095}, std::uint16_t{7}}) {
-            write_file(file, text);
-            testing::internal::CaptureStderr();
-            const Status result = ZAV_AssocitaleVlan(bssid, vlan);
-            const std::string said = testing::internal::GetCapturedStderr();
-            done += result == success;
-            EXPECT_EQ(read_text(file) == text, result != success) << room;
-            EXPECT_EQ(said, result == success
-                                ? ""
-                                : "[ZAV-API] Error ZAV_AssocitaleVlan no room for the members of the VLAN\n");
+    for (const auto &[count, bss, octet] : {std::tuple(2, 2, "FA"),
+                                            {3, 2, "F2"},
+                                            {3, 3, "F6"},
+                                            {4, 4, "FA"},
+                                            {5, 2, "E2"},
+                                            {5, 5, "EE"},
+                                            {8, 8, "FA"},
+                                            {9, 2, "C2"},
+                                            {9, 9, "DE"},
+                                            {16, 16, "FA"}})
+        EXPECT_EQ(bssid("FC:ff:0:01:0a:99", count, bss), std::string(octet) + ":FF:00:01:0A:99")
+            << bss << " of " << count;
+    for (const char *base : {"-1:-1:-1:-1:-1:-1", "0x:11:22:33:44:55", " 1:11:22:33:44:55",
+                             "00:11:22:33:44:", "00:11:22:33:44", "00-11-22-33-44-55", "001:1:22:33:44:55"})
+        EXPECT_TRUE(bssid(base, 8, 2) == "failure" && bssid(base, 8, 2, 0) == "failure") << base;
+}
+
+// Associates zvi00, with one BSS a band, and compares the VLAN file.
+static void associate(std::uint16_t vlan, const std::string &before, Status result, const std::string &after,
+                      const std::string &said = "") {
+    constexpr char file[] = "/tmp/ZAV750vlan.dat";
+    start_with("1", "1");
+    vlan_file_is_reset = true;
+    write_file("settings/ZAV75024g.dat", "#\nBssidNum=1\nWL_MACADDR0=00:00:5E:00:53:20\n");
+    write_file(file, before);
+    if (before.empty())
+        std::remove(file);
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(ZAV_AssocitaleVlan("00:00:5E:00:53:20", vlan), result);
+    EXPECT_EQ(testing::internal::GetCapturedStderr(),
+              said.empty() ? "" : "[ZAV-API] Error ZAV_AssocitaleVlan " + said + "\n");
+    EXPECT_EQ(read_text(file), after);
+}
+
+TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
+    const std::string zero = "VlanId1=0\nVlanId1Members=\"eth0\"\nVlanzvi00Pvid=0\n",
+                      seven = "VlanId0=7\nVlanId0Members=\"eth0\"\nVlanzvi00Pvid=7\n",
+                      gathering = "VlanId0=4095\nVlanId0Members=\"\"";
+    associate(0, "#\nVlanId0=7\n", success, "#\nVlanId0=7\n" + zero);
+    associate(9, "#\nVlanId0=7\nVlanId1=8\n", failure, "#\nVlanId0=7\nVlanId1=8\n",
+              "search_vlan == entries ");
+    associate(7, "", failure, "");
+    struct Row {
+        std::uint16_t vlan;
+        std::string before, after;
+        std::size_t above; // so much longer than in the end it is between two of the writes
+    };
+    const Row rows[] = {{7, "", seven, 0},
+                        {7, seven, seven, 0},
+                        {4095, gathering + "eth0 zv00\"\"\n", gathering + " zvi00\"\"\nVlanzvi00Pvid=\n", 0},
+                        {7, "VlanId0=7\nVlanId0Members=\nVlanzvi00Pvid=1234\n", seven, 3}};
+    for (const auto &[vlan, before, after, above] : rows)
+        for (std::size_t length = 16320; length < 16390; ++length) {
+            SCOPED_TRACE(before + std::to_string(length));
+            const std::string head(length - before.size() - 1, '#');
+            const std::size_t longest = std::max(length, head.size() + 1 + after.size() + above);
+            if (longest < 16384)
+                associate(vlan, head + '\n' + before, success, head + '\n' + after);
+            else
+                associate(vlan, head + '\n' + before, failure, head + '\n' + before,
+                          "settings file would pass 16383 bytes");
         }
+}
+
+// A switch for the pipe that the probe's output comes through.
+static bool pipes_fail = false;
+extern "C" int pipe2(int *ends, int flags) noexcept {
+    errno = EMFILE;
+    return pipes_fail ? -1 : static_cast<int>(syscall(SYS_pipe2, ends, flags));
+}
+
+// A loaded driver of four BSSes a band, without WPS, and its log from now on.
+static void load_with(const std::string &wps_24g, unsigned loaded) {
+    start_with("4", "4\nWscEnable=0;", loaded);
+    write_file("settings/ZAV75024g.dat", "#\nBssidNum=4\nWscEnable=" + wps_24g + "\n");
+    for (const char *interface : {"interfaces/zvi00", "interfaces/zv00"})
+        write_file(interface, "down");
+    write_file("log", "");
+    driver_loaded = true;
+}
+
+static const std::string off_24g = "set zvi00 WscConfMode=0\n", off_5g = "set zv00 WscConfMode=0\n",
+                         script = "script zv_host.sh ";
+
+TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
+    struct Row {
+        unsigned loaded;
+        std::string wps_24g, probe; // without a probe it cannot be made
+        std::string init, off, vlans;
+    };
+    for (const auto &[loaded, wps_24g, probe, init, off, vlans] :
+         {Row{24, "0;", "zvi00\n", "24g", off_24g, "24g"}, Row{5, "0;", "zv00\n", "5g", off_5g, "5g"},
+          Row{245, "1;", "zvi00\nzv00\n", "dual", off_5g, "dual"},
+          Row{245, "0;", "zvi00\nzv00\n", "dual", off_24g + off_5g, "dual"},
+          Row{245, "0;", "zvi00\n", "dual", off_24g, "24g"}, Row{245, "0;", "zv00\n", "dual", off_5g, "5g"},
+          Row{24, "0;", "", "24g", "", "dual"}}) {
+        load_with(wps_24g, loaded);
+        write_file("faults/tool.ifconfig.answer", probe);
+        pipes_fail = probe.empty();
+        EXPECT_EQ(ZAV_Init(), success);
+        pipes_fail = false;
+        EXPECT_EQ(ZAV_Init(), failure) << "is no second one";
+        EXPECT_EQ(read_text("log"),
+                  script + "init " + init + "\n" + (probe.empty() ? "" : "tool ifconfig\n") + off + script +
+                      "addvlans " + vlans + " no_ipv6\n" + script + "rtdot1xd " + vlans + "\n");
     }
-    EXPECT_GT(done, 0);
-    write_file(file, slot);
-    EXPECT_EQ(ZAV_AssocitaleVlan(bssid, 4095), success);
-    EXPECT_EQ(read_text(file), "#\nVlanId0=4095\nVlanId0Members=\"\" zvi00\"\"\nVlanzvi00Pvid=\n");
+    std::remove("faults/tool.ifconfig.answer");
+}
+
+TEST(Lifecycle, AnOvertakenInitLeavesTheNextRunAlone) {
+    const unsigned overtaken = driver_run;
+    EXPECT_EQ(ZAV_Stop(), success);
+    load_with("0;", 245);
+    testing::internal::CaptureStderr();
+    EXPECT_TRUE(ZAV_Init(overtaken) == failure && !driver_initialised);
+    EXPECT_EQ(testing::internal::GetCapturedStderr() + read_text("log"), "");
+    EXPECT_EQ(ZAV_Init(), success);
+}
+
+TEST(Lifecycle, ARestartIsThatOfTheBand) {
+    const std::string restart = script + "restart_interfaces ", of_24g = restart + "24g\n" + off_24g,
+                      of_5g = restart + "5g\n" + off_5g;
+    constexpr int all = 0;
+    for (const auto &[loaded, index, expected] : {std::tuple(245U, 4, of_24g),
+                                                  {245, 6, of_5g},
+                                                  {245, 8, of_5g},
+                                                  {245, all, of_24g + of_5g},
+                                                  {24, 4, of_24g},
+                                                  {24, all, of_24g},
+                                                  {5, 4, of_5g},
+                                                  {5, all, of_5g},
+                                                  {5, 5, ""},
+                                                  {245, 9, ""}}) {
+        load_with("0;", loaded);
+        driver_initialised = true;
+        EXPECT_EQ(index == all ? ZAV_RestartAll() : ZAV_Restart(index), expected.empty() ? failure : success);
+        EXPECT_EQ(read_text("log"), expected) << loaded << " " << index;
+    }
 }
 
 TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
     write_file("log", "");
+    driver_loaded = false;
     EXPECT_EQ(restartRadiusDaemon(), failure) << "the driver is not loaded";
     driver_loaded = true;
     for (const auto &[loaded, expected] :
@@ -218,5 +368,4 @@ TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
     std::getline(std::ifstream("log"), log, '\0');
     EXPECT_EQ(log, "script zv_host.sh rtdot1xd 24g\nscript zv_host.sh rtdot1xd 5g\n"
                    "script zv_host.sh rtdot1xd dual\n");
-    driver_loaded = false;
 }

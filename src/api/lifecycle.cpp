@@ -27,18 +27,18 @@ void publish_result(const char *who, unsigned run, Status result) {
 }
 
 void *init_thread_function(void *argument) {
-    constexpr char who[] = "init_thread_function";
-    log_debug("[ZAV-API] %s wlan init - init thread started.\n", who);
+    log_debug("[ZAV-API] %s wlan init - init thread started.\n", __func__);
     const unsigned run = *static_cast<const unsigned *>(argument); // gone after the first step
     init_state.fetch_or(started);
     init_state.notify_all();
-    publish_result(who, run, ZAV_Init(run));
+    publish_result(__func__, run, ZAV_Init(run));
     return nullptr;
 }
 
 Status start_init(const char *who) {
     unsigned run = driver_run;
-    if (!start_worker(who, &init_thread, init_thread_function, &run)) {
+    if (!start_worker(&init_thread, init_thread_function, &run)) {
+        report_no_worker(who);
         init_reported = 1;
         log_debug("[ZAV-API] %s wlan init - error creating init thread.\n", who);
         return failure;

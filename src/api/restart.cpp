@@ -40,11 +40,10 @@ void restart(const char *who, std::uint16_t mask) {
 }
 
 void *restart_thread_function(void *) {
-    constexpr char who[] = "restart_thread_function";
-    log_debug("[ZAV-API] %s wlan restart - restart thread started.\n", who);
+    log_debug("[ZAV-API] %s wlan restart - restart thread started.\n", __func__);
     for (;;) {
         restart_thread_semaphore.acquire();
-        restart(who, take_mask());
+        restart(__func__, take_mask());
     }
 }
 
@@ -68,6 +67,8 @@ Status wlan_restart(int index) {
 Status wlan_restart_all() { return request(restart_everything); }
 
 Status wlan_restart_thread_start() {
-    restart_thread_runs = start_worker(__func__, &restart_thread, restart_thread_function);
+    restart_thread_runs = start_worker(&restart_thread, restart_thread_function);
+    if (!restart_thread_runs)
+        report_no_worker(__func__);
     return restart_thread_runs ? success : failure;
 }

@@ -28,9 +28,8 @@ Status find_band(int index, bool *ret_is_24g) {
 }
 
 void *ap_scan_thread_function(void *argument) {
-    constexpr char who[] = "ap_scan_thread_function";
     const int index = *std::unique_ptr<int>(static_cast<int *>(argument));
-    log_debug("[ZAV-API] %s ap scan thread started.\n", who);
+    log_debug("[ZAV-API] %s ap scan thread started.\n", __func__);
     bool is_24g = false;
     const Status found = find_band(index, &is_24g);
     if (found == success)
@@ -40,7 +39,7 @@ void *ap_scan_thread_function(void *argument) {
         return nullptr;
     const Status result = ZAV_ApSiteSurvey(index);
     set_ap_scan_thread_status(is_24g, result == failure ? scan_failed : scan_finished);
-    log_debug("[ZAV-API] %s %s thread done with %u\n", who, is_24g ? "2.4 GHz" : "5.2 GHz",
+    log_debug("[ZAV-API] %s %s thread done with %u\n", __func__, is_24g ? "2.4 GHz" : "5.2 GHz",
               status_of(is_24g).load());
     return nullptr;
 }
@@ -93,7 +92,7 @@ Status wlan_ApSiteSurvey(int index) {
         return failure;
     }
     auto argument = std::make_unique<int>(index);
-    if (!start_worker(__func__, &ap_scan_thread, ap_scan_thread_function, argument.get())) {
+    if (!start_worker(&ap_scan_thread, ap_scan_thread_function, argument.get())) {
         const int error = errno;
         set_ap_scan_thread_status(is_24g ? 1 : 0, scan_failed);
         log_debug("[ZAV-API] %s Error creating ap scan thread : %d, %s.\n", __func__, error, strerror(error));

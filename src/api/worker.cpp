@@ -21,15 +21,17 @@ constexpr std::size_t stack_size = 32768;
 
 } // namespace
 
-bool start_worker(const char *who, pthread_t *ret_thread, void *(*body)(void *), void *argument) {
+bool start_worker(pthread_t *ret_thread, void *(*body)(void *), void *argument) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
     pthread_attr_setstacksize(&attributes, stack_size);
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     const int error = pthread_create(ret_thread, &attributes, body, argument);
     pthread_attr_destroy(&attributes);
-    if (error != 0)
-        log_error("[ZAV-API] Error %s thread creation failed %s (%d).\n", who, strerror(error), error);
     errno = error;
     return error == 0;
+}
+
+void report_no_worker(const char *who) {
+    log_error("[ZAV-API] Error %s thread creation failed %s (%d).\n", who, strerror(errno), errno);
 }

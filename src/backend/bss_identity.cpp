@@ -85,10 +85,8 @@ Status find_ssid_key(const char *who, int index, Bss *ret_bss, SsidKey *ret_key)
 
 Status ZAV_GetStatus(int index, std::span<char> ret_status) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_initialised) != success)
         return failure;
-    }
     InterfaceName ifname;
     unsigned flags = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
@@ -165,10 +163,8 @@ Status ZAV_GetBSSIDPort(const char *bssid, unsigned *ret_port, unsigned *ret_ind
 
 Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_initialised) != success)
         return failure;
-    }
     InterfaceName ifname;
     int rate = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)

@@ -9,6 +9,7 @@
 namespace {
 
 constexpr std::string_view blanks = " \t";
+constexpr std::string_view line_ends("#\r\n\0", 4); // no text goes on behind a zero byte
 constexpr int highest_channel = 255;
 constexpr std::size_t bandwidth_begins = 4; // behind "2.4G"
 
@@ -82,7 +83,7 @@ const char *take_channel(std::string_view token, int bandwidth, UsedChannels *us
 }
 
 const char *list_channels(std::string_view line, int bandwidth, std::string *ret_list) {
-    const std::size_t colon = line.find(':', bandwidth_begins);
+    const std::size_t colon = line.find(':', line.find_first_of("24", bandwidth_begins));
     if (colon == line.npos)
         return "found channel string without parameters.";
     UsedChannels used;
@@ -107,7 +108,7 @@ bool skip_to_section(Lines *lines, std::string_view country) {
 // What is wrong with the section, nullptr when it gave the list.
 const char *search_section(Lines *lines, const ChannelSearch &search, std::string *ret_list) {
     while (const auto whole = lines->next()) {
-        const auto line = without_leading_blanks(whole->substr(0, whole->find_first_of("#\r\n")));
+        const auto line = without_leading_blanks(whole->substr(0, whole->find_first_of(line_ends)));
         if (line.starts_with('['))
             return "not found channel with specified settings.";
         if (fits(line, search))

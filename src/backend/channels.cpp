@@ -118,10 +118,8 @@ Status ZAV_SetChannel(int index, unsigned channel) {
 Status ZAV_GetCurrentChannel(int index, unsigned *ret_channel) {
     if (check_index(__func__, index) != success)
         return failure;
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_initialised) != success)
         return failure;
-    }
     std::array<char, 76> answer;
     if (ZAV_Show(index, "Channel", answer) != success)
         return failure;
@@ -213,7 +211,12 @@ Status ZAV_ChannelsForBandSet(const char *band, const char *ifname) {
     if (country.empty())
         country = "00";
     ChannelFault fault{};
-    if (find_channels(file.get(), {country, band, bandwidth}, &list, &fault) != success) {
+    const Status found = find_channels(file.get(), {country, band, bandwidth}, &list, &fault);
+    if (std::ferror(file.get()) != 0) {
+        log_error("[ZAV-API] Error %s %s cannot be read\n", __func__, channel_info_file);
+        return failure;
+    }
+    if (found != success) {
         std::array<char, 256> message;
         makeParsingErrorMessage(message, channel_info_file, fault.line, fault.message, fault.argument);
         log_error(": %s:: %s\n", __func__, message.data());

@@ -135,10 +135,8 @@ Status ZAV_getIfNameByIndex(int index, InterfaceName *ret_name) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
     if (isIndexValid(index) != success)
         return failure;
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_initialised) != success)
         return failure;
-    }
     if (GET_IFNAME_FROM_INDEX(ret_name, index, nullptr) != success)
         return failure;
     log_debug("[ZAV-API] %s ifname=%s.\n", __func__, ret_name->data());

@@ -110,6 +110,13 @@ std::unique_lock<std::mutex> hold_stops_off() {
     return held;
 }
 
+Status check_driver(const char *who, const std::atomic<bool> &flag) {
+    if (flag)
+        return success;
+    log_debug("[ZAV-API] %s The driver is not initialized\n", who);
+    return failure;
+}
+
 Status ZAV_Start(int band) {
     if (driver_loaded) {
         log_debug("[ZAV-API] %s The driver already loaded", __func__);

@@ -12,6 +12,9 @@
 inline std::atomic<bool> driver_loaded{false};
 inline std::atomic<bool> driver_initialised{false};
 
+// For operations that need one of the flags set: -1 with a debug line that names `who` while it is clear.
+Status check_driver(const char *who, const std::atomic<bool> &flag);
+
 // While clear, the next VLAN association first resets the VLAN file.
 inline std::atomic<bool> vlan_file_is_reset{true};
 

@@ -22,10 +22,7 @@ Status check_running(const char *who, int index) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", who, index);
     if (isIndexValid(index) != success)
         return failure;
-    if (driver_initialised)
-        return success;
-    log_debug("[ZAV-API] %s The driver is not initialized\n", who);
-    return failure;
+    return check_driver(who, driver_initialised);
 }
 
 Status find_block(const char *who, int index, const SurveyBlock **ret_block) {

@@ -19,10 +19,8 @@ namespace {
 
 // Reads the table of the index's radio and tells the number of the index's BSS.
 Status read_table(const char *who, int index, unsigned *ret_bss, StationTable *ret_table) {
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", who);
+    if (check_driver(who, driver_initialised) != success)
         return failure;
-    }
     InterfaceName ifname{};
     if (GET_IFNAME_FROM_INDEX(&ifname, index, ret_bss) != success ||
         ask_private(who, ifname, {PrivateRequest::stations, "get_mac_table"},

@@ -3,70 +3,89 @@
 #include "radio/kinds.h"
 
 constexpr RadioNumber ht_mcs{"HT_MCS"};
-Status ZAV_GetHTMcs(int index, unsigned *ret_mcs) { return read(__func__, ht_mcs, index, ret_mcs); }
-Status ZAV_SetHTMcs(int index, unsigned mcs) { return write(__func__, ht_mcs, index, mcs); }
+Status ZAV_GetHTMcs(int index, unsigned *ret_mcs) { return read_setting(__func__, ht_mcs, index, ret_mcs); }
+Status ZAV_SetHTMcs(int index, unsigned mcs) { return write_setting(__func__, ht_mcs, index, mcs); }
 
 constexpr RadioFlag ht_mode{"HT_OpMode"};
-Status ZAV_GetHTMode(int index, unsigned *ret_mode) { return read(__func__, ht_mode, index, ret_mode); }
-Status ZAV_SetHTMode(int index, unsigned mode) { return write(__func__, ht_mode, index, mode); }
+Status ZAV_GetHTMode(int index, unsigned *ret_mode) {
+    return read_setting(__func__, ht_mode, index, ret_mode);
+}
+Status ZAV_SetHTMode(int index, unsigned mode) { return write_setting(__func__, ht_mode, index, mode); }
 
 constexpr RadioFlag amsdu{"HT_AMSDU"};
-Status ZAV_GetAmsdu(int index, unsigned *ret_enable) { return read(__func__, amsdu, index, ret_enable); }
-Status ZAV_SetAmsdu(int index, unsigned enable) { return write(__func__, amsdu, index, enable); }
+Status ZAV_GetAmsdu(int index, unsigned *ret_enable) {
+    return read_setting(__func__, amsdu, index, ret_enable);
+}
+Status ZAV_SetAmsdu(int index, unsigned enable) { return write_setting(__func__, amsdu, index, enable); }
 
 constexpr RadioFlag ba_decline{"HT_BADecline"};
 Status ZAV_GetBADecline(int index, unsigned *ret_enable) {
-    return read(__func__, ba_decline, index, ret_enable);
+    return read_setting(__func__, ba_decline, index, ret_enable);
 }
-Status ZAV_SetBADecline(int index, unsigned enable) { return write(__func__, ba_decline, index, enable); }
+Status ZAV_SetBADecline(int index, unsigned enable) {
+    return write_setting(__func__, ba_decline, index, enable);
+}
 
 constexpr RadioFlag block_ack{"HT_AutoBA"};
 Status ZAV_GetBlockAck(int index, unsigned *ret_enable) {
-    return read(__func__, block_ack, index, ret_enable);
+    return read_setting(__func__, block_ack, index, ret_enable);
 }
-Status ZAV_SetBlockAck(int index, unsigned enable) { return write(__func__, block_ack, index, enable); }
+Status ZAV_SetBlockAck(int index, unsigned enable) {
+    return write_setting(__func__, block_ack, index, enable);
+}
 
 constexpr RadioFlag n_protection{"HT_PROTECT"};
 Status ZAV_GetNProtection(int index, unsigned *ret_enable) {
-    return read(__func__, n_protection, index, ret_enable);
+    return read_setting(__func__, n_protection, index, ret_enable);
 }
-Status ZAV_SetNProtection(int index, unsigned enable) { return write(__func__, n_protection, index, enable); }
+Status ZAV_SetNProtection(int index, unsigned enable) {
+    return write_setting(__func__, n_protection, index, enable);
+}
 
 constexpr RadioFlag side_band{.key = "HT_EXTCHA", .is_exact = true};
-Status ZAV_GetSideBand(int index, unsigned *ret_side) { return read(__func__, side_band, index, ret_side); }
-Status ZAV_SetSideBand(int index, unsigned side) { return write(__func__, side_band, index, side); }
+Status ZAV_GetSideBand(int index, unsigned *ret_side) {
+    return read_setting(__func__, side_band, index, ret_side);
+}
+Status ZAV_SetSideBand(int index, unsigned side) { return write_setting(__func__, side_band, index, side); }
 
 constexpr RadioNumber tx_streams{"HT_TxStream"};
 Status ZAV_GetHTTxStream(int index, unsigned *ret_streams) {
-    return read(__func__, tx_streams, index, ret_streams);
+    return read_setting(__func__, tx_streams, index, ret_streams);
 }
-Status ZAV_SetHTTxStream(int index, unsigned streams) { return write(__func__, tx_streams, index, streams); }
+Status ZAV_SetHTTxStream(int index, unsigned streams) {
+    return write_setting(__func__, tx_streams, index, streams);
+}
 
 constexpr RadioNumber rx_streams{"HT_RxStream"};
 Status ZAV_GetHTRxStream(int index, unsigned *ret_streams) {
-    return read(__func__, rx_streams, index, ret_streams);
+    return read_setting(__func__, rx_streams, index, ret_streams);
 }
-Status ZAV_SetHTRxStream(int index, unsigned streams) { return write(__func__, rx_streams, index, streams); }
+Status ZAV_SetHTRxStream(int index, unsigned streams) {
+    return write_setting(__func__, rx_streams, index, streams);
+}
 
 constexpr RadioNumber ht_stbc{"HT_STBC"};
-Status ZAV_GetHTStbc(int index, unsigned *ret_stbc) { return read(__func__, ht_stbc, index, ret_stbc); }
-Status ZAV_SetHTStbc(int index, unsigned stbc) { return write(__func__, ht_stbc, index, stbc); }
+Status ZAV_GetHTStbc(int index, unsigned *ret_stbc) {
+    return read_setting(__func__, ht_stbc, index, ret_stbc);
+}
+Status ZAV_SetHTStbc(int index, unsigned stbc) { return write_setting(__func__, ht_stbc, index, stbc); }
 
 constexpr RadioNumber ht_rdg{"HT_RDG"};
-Status ZAV_GetHTRDG(int index, unsigned *ret_rdg) { return read(__func__, ht_rdg, index, ret_rdg); }
-Status ZAV_SetHTRDG(int index, unsigned rdg) { return write(__func__, ht_rdg, index, rdg); }
+Status ZAV_GetHTRDG(int index, unsigned *ret_rdg) { return read_setting(__func__, ht_rdg, index, ret_rdg); }
+Status ZAV_SetHTRDG(int index, unsigned rdg) { return write_setting(__func__, ht_rdg, index, rdg); }
 
-constexpr RadioFlag implicit_beamforming{"ZvITxBfEn", true, Reported::by_the_operation};
+constexpr RadioFlag implicit_beamforming{
+    .key = "ZvITxBfEn", .is_exact = true, .bad_index = Reported::by_the_operation};
 Status ZAV_GetImplicitBeamformingEnable(int index, unsigned *ret_enable) {
-    return read(__func__, implicit_beamforming, index, ret_enable);
+    return read_setting(__func__, implicit_beamforming, index, ret_enable);
 }
 Status ZAV_SetImplicitBeamformingEnable(int index, unsigned enable) {
-    return write(__func__, implicit_beamforming, index, enable);
+    return write_setting(__func__, implicit_beamforming, index, enable);
 }
 
 constexpr FlagPair channel_bw{"HT_BSSCoexistence", "HT_BW", {{{"1", "0"}, {"1", "1"}, {"0", "1"}}}};
 Status ZAV_SetChannelBW(int index, unsigned bandwidth) {
-    return write(__func__, channel_bw, index, bandwidth);
+    return write_setting(__func__, channel_bw, index, bandwidth);
 }
 
 Status ZAV_GetChannelBW(int index, unsigned *ret_bandwidth) {
@@ -83,7 +102,7 @@ Status ZAV_GetChannelBW(int index, unsigned *ret_bandwidth) {
 
 constexpr FlagPair guard_interval{"HT_AutoGI", "HT_GI", {{{"0", "1"}, {"0", "0"}, {"1", "1"}}}};
 Status ZAV_SetGuardInterval(int index, unsigned interval) {
-    return write(__func__, guard_interval, index, interval);
+    return write_setting(__func__, guard_interval, index, interval);
 }
 
 Status ZAV_GetGuardInterval(int index, unsigned *ret_interval) {

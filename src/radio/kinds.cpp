@@ -94,7 +94,7 @@ Status read_switch(const char *who, const Bss &bss, const Key &key, bool *ret_is
     return success;
 }
 
-Status read(const char *who, const RadioNumber &setting, int index, unsigned *ret_value) {
+Status read_setting(const char *who, const RadioNumber &setting, int index, unsigned *ret_value) {
     std::string stored;
     if (read_scalar(who, setting.key, setting.bad_index, index, &stored) != success)
         return failure;
@@ -104,7 +104,7 @@ Status read(const char *who, const RadioNumber &setting, int index, unsigned *re
     return success;
 }
 
-Status write(const char *who, const RadioNumber &setting, int index, unsigned value) {
+Status write_setting(const char *who, const RadioNumber &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
     if (find_bss(who, setting.bad_index, index, &bss) != success)
@@ -112,7 +112,7 @@ Status write(const char *who, const RadioNumber &setting, int index, unsigned va
     return nvram_set_int(bss.ifname.data(), setting.key.text, static_cast<int>(value));
 }
 
-Status read(const char *who, const RadioText &setting, int index, std::span<char> ret_text) {
+Status read_setting(const char *who, const RadioText &setting, int index, std::span<char> ret_text) {
     std::string stored;
     if (read_scalar(who, setting.key, Reported::by_nobody, index, &stored) != success)
         return failure;
@@ -120,7 +120,7 @@ Status read(const char *who, const RadioText &setting, int index, std::span<char
     return success;
 }
 
-Status write(const char *who, const RadioText &setting, int index, const char *text) {
+Status write_setting(const char *who, const RadioText &setting, int index, const char *text) {
     Bss bss;
     log_debug("[ZAV-API] %s entry (%d,%s).\n", who, index, text);
     if (find_bss(who, Reported::by_nobody, index, &bss) != success)
@@ -128,7 +128,7 @@ Status write(const char *who, const RadioText &setting, int index, const char *t
     return nvram_set_str(bss.ifname.data(), setting.key.text, text);
 }
 
-Status read(const char *who, const RadioFlag &setting, int index, unsigned *ret_value) {
+Status read_setting(const char *who, const RadioFlag &setting, int index, unsigned *ret_value) {
     std::string stored;
     if (read_scalar(who, setting.key, setting.bad_index, index, &stored) != success)
         return failure;
@@ -137,7 +137,7 @@ Status read(const char *who, const RadioFlag &setting, int index, unsigned *ret_
     return success;
 }
 
-Status write(const char *who, const RadioFlag &setting, int index, unsigned value) {
+Status write_setting(const char *who, const RadioFlag &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
     if (find_bss(who, setting.bad_index, index, &bss) != success)
@@ -145,7 +145,7 @@ Status write(const char *who, const RadioFlag &setting, int index, unsigned valu
     return nvram_set_str(bss.ifname.data(), setting.key.text, value != 0 ? setting.on : setting.off);
 }
 
-Status write(const char *who, const FlagPair &setting, int index, unsigned value) {
+Status write_setting(const char *who, const FlagPair &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
     if (value >= setting.choices.size() || find_bss(who, Reported::by_nobody, index, &bss) != success)
@@ -157,7 +157,7 @@ Status write(const char *who, const FlagPair &setting, int index, unsigned value
     return both(stored, nvram_set_str(bss.ifname.data(), setting.second.text, second));
 }
 
-Status read(const char *who, const BssList &setting, int index, unsigned *ret_value) {
+Status read_setting(const char *who, const BssList &setting, int index, unsigned *ret_value) {
     Bss bss;
     log_get(who, index);
     if (find_listed_bss(who, setting.bad_index, index, &bss) != success)
@@ -170,7 +170,7 @@ Status read(const char *who, const BssList &setting, int index, unsigned *ret_va
     return value_of(setting.holds, list.at(bss.number - 1), ret_value);
 }
 
-Status write(const char *who, const BssList &setting, int index, unsigned value) {
+Status write_setting(const char *who, const BssList &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
     if (find_listed_bss(who, setting.bad_index, index, &bss) != success || !is_in_range(who, setting, value))
@@ -186,7 +186,7 @@ Status write(const char *who, const BssList &setting, int index, unsigned value)
     return write_numbers(bss.ifname.data(), setting.key.text, list);
 }
 
-Status read(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value) {
+Status read_setting(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value) {
     Bss bss;
     log_get(who, index);
     if (find_bss(who, Reported::by_the_operation, index, &bss) != success || !is_class(who, ac))
@@ -200,7 +200,7 @@ Status read(const char *who, const ClassList &setting, int index, int ac, unsign
     return success;
 }
 
-Status write(const char *who, const ClassList &setting, int index, int ac, unsigned value) {
+Status write_setting(const char *who, const ClassList &setting, int index, int ac, unsigned value) {
     Bss bss;
     log_set(who, index, value);
     if (!is_class(who, ac) || find_bss(who, Reported::by_the_operation, index, &bss) != success)

@@ -33,15 +33,15 @@ struct RadioNumber {
     Key key;
     Reported bad_index = Reported::by_nobody;
 };
-Status read(const char *who, const RadioNumber &setting, int index, unsigned *ret_value);
-Status write(const char *who, const RadioNumber &setting, int index, unsigned value);
+Status read_setting(const char *who, const RadioNumber &setting, int index, unsigned *ret_value);
+Status write_setting(const char *who, const RadioNumber &setting, int index, unsigned value);
 
 // A text that all BSSes of a radio share.
 struct RadioText {
     Key key;
 };
-Status read(const char *who, const RadioText &setting, int index, std::span<char> ret_text);
-Status write(const char *who, const RadioText &setting, int index, const char *text);
+Status read_setting(const char *who, const RadioText &setting, int index, std::span<char> ret_text);
+Status write_setting(const char *who, const RadioText &setting, int index, const char *text);
 
 // A switch that all BSSes of a radio share. It is on when the stored text begins with that character, or,
 // where it is exact, has no other.
@@ -51,8 +51,8 @@ struct RadioFlag {
     Reported bad_index = Reported::by_nobody;
     const char *on = "1", *off = "0";
 };
-Status read(const char *who, const RadioFlag &setting, int index, unsigned *ret_value);
-Status write(const char *who, const RadioFlag &setting, int index, unsigned value);
+Status read_setting(const char *who, const RadioFlag &setting, int index, unsigned *ret_value);
+Status write_setting(const char *who, const RadioFlag &setting, int index, unsigned value);
 
 // A choice of three that is stored as two switches: what each value stores, in this order. The second is not
 // written when the first fails. What a stored pair means, the getters know.
@@ -63,7 +63,7 @@ struct FlagPair {
     Key first, second;
     std::array<Texts, 3> choices;
 };
-Status write(const char *who, const FlagPair &setting, int index, unsigned value);
+Status write_setting(const char *who, const FlagPair &setting, int index, unsigned value);
 
 // A field for each BSS.
 enum class Holds : unsigned char {
@@ -80,15 +80,15 @@ struct BssList {
     bool keeps_equal = false; // a field that is equal already is left alone, however its list is written
     Reported bad_index = Reported::by_the_operation;
 };
-Status read(const char *who, const BssList &setting, int index, unsigned *ret_value);
-Status write(const char *who, const BssList &setting, int index, unsigned value);
+Status read_setting(const char *who, const BssList &setting, int index, unsigned *ret_value);
+Status write_setting(const char *who, const BssList &setting, int index, unsigned value);
 
 // A field for each of the four WMM access classes, 1 to 4, that all BSSes of a radio share.
 struct ClassList {
     Key key;
 };
-Status read(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value);
-Status write(const char *who, const ClassList &setting, int index, int ac, unsigned value);
+Status read_setting(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value);
+Status write_setting(const char *who, const ClassList &setting, int index, int ac, unsigned value);
 
 // What settings that are like no other have in common with the kinds.
 void log_get(const char *who, int index);

@@ -12,10 +12,8 @@ Status find_name_of(const char *who, FindName find, int index, InterfaceName *re
 
 Status ask_block(const char *who, FindName find, int index, const PrivateCommand &command,
                  std::span<std::byte> ret_block) {
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", who);
+    if (check_driver(who, driver_initialised) != success)
         return failure;
-    }
     InterfaceName ifname{};
     if (find_name_of(who, find, index, &ifname) != success)
         return failure;
@@ -23,10 +21,8 @@ Status ask_block(const char *who, FindName find, int index, const PrivateCommand
 }
 
 Status SetDriverDataOnTheFly(const char *command, const InterfaceName &ifname, int kind) {
-    if (!driver_initialised) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_initialised) != success)
         return failure;
-    }
     const PrivateRequest request = kind == 1 ? PrivateRequest::show : PrivateRequest::statistics;
     return ask_private(__func__, ifname, {.request = request, .text = command, .shown = false}, {});
 }

@@ -343,10 +343,8 @@ Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {
     if (find_wps_radio(index, &radio) != success)
         return failure;
     log_debug("[ZAV-API] %s interface ifname: %s\n", __func__, radio.ifname.data());
-    if (!driver_loaded) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_loaded) != success)
         return failure;
-    }
     std::array<char, 501> answer{}; // the driver writes 500 bytes at the most
     const PrivateCommand command{.request = PrivateRequest::wps_device,
                                  .shown = false,

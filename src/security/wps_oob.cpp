@@ -59,10 +59,8 @@ Status secure(const WpsRadio &radio) {
 
 Status ZAV_SetWpsOOB(int index) {
     WpsRadio radio;
-    if (!driver_loaded) {
-        log_debug("[ZAV-API] %s The driver is not initialized\n", __func__);
+    if (check_driver(__func__, driver_loaded) != success)
         return failure;
-    }
     if (find_wps_radio(index, &radio) != success || reset_wps(__func__, radio.ifname) != success ||
         restart_wps_daemon(__func__, radio) != success)
         return failure;

@@ -18,7 +18,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
     assert(file);
     const Status status = find_channels(file.get(), {"US", "2.4", data[0] == '4' ? 40 : 20}, &list, &fault);
     if (status == success) {
-        assert(list.ends_with('0') && list.find_first_of("#)\r\n\t ") == list.npos);
+        assert(list.ends_with('0') && list.find_first_of("#)\r\n\t \0", 0, 7) == list.npos);
         assert(list == "0" || (list.ends_with(",0") && list.find_first_of("123456789") != list.npos));
         return 0;
     }

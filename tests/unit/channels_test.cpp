@@ -4,6 +4,7 @@
 #include "settings_files.h"
 
 #include <gtest/gtest.h>
+#include <sched.h>
 #include <sys/mount.h>
 #include <thread>
 
@@ -13,8 +14,9 @@ static constexpr char info_file[] = "/etc/Wireless/ZAV750/ChannelInfo.txt";
 class ChannelInfo : public testing::Test {
 protected:
     void SetUp() override {
-        if (mount("tmpfs", "/etc", "tmpfs", 0, nullptr) != 0)
-            GTEST_SKIP() << "no right to mount";
+        ASSERT_EQ(unshare(CLONE_NEWNS), 0);
+        ASSERT_EQ(mount(nullptr, "/", nullptr, MS_REC | MS_PRIVATE, nullptr), 0);
+        ASSERT_EQ(mount("tmpfs", "/etc", "tmpfs", 0, nullptr), 0);
         std::filesystem::create_directories("/etc/Wireless/ZAV750");
     }
     void TearDown() override { umount("/etc"); }
@@ -137,6 +139,27 @@ TEST_F(ChannelInfo, MissingFileAndKeysFailTheBand) {
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_ParseChannelInfo ERROR!!!Parsing channelinfo for 5G failed!!!\n");
     EXPECT_EQ(lines_of(file_24g), "UseChannelInfo=1\nHT_BW=0\nCountryCode=US\nOverwriteChannelList=1,0\n\n");
+}
+
+TEST_F(ChannelInfo, GoesIntoBothBandsAndReplacesWhatIsThere) {
+    write_file(info_file, "[US]\n2.4G 20MHz: a(07)\n5.2G 20MHz: a(36)\n");
+    const std::string lines = "UseChannelInfo=1\nHT_BW=0\nCountryCode=US\n";
+    start_with(lines + "OverwriteChannelList=1,0\n\nA=1\n", lines);
+    EXPECT_EQ(ZAV_ParseChannelInfo(), success);
+    EXPECT_EQ(lines_of(file_24g), lines + "OverwriteChannelList=07,0\n\nA=1\n");
+    EXPECT_EQ(lines_of(file_5g), lines + "OverwriteChannelList=36,0\n\n");
+    write_file("/tmp/nvram_set_lock", "");
+    write_file(info_file, "[US]\n2.4G 20MHz: a(8)\n");
+    testing::internal::CaptureStderr();
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), failure) << "the settings are locked";
+    std::filesystem::remove("/tmp/nvram_set_lock");
+    write_file(info_file, "[US]\n2.4G 20MHz: a(b)\n");
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), success);
+    EXPECT_EQ(lines_of(file_24g), lines + "OverwriteChannelList=\nA=1\n") << "what was there is emptied";
+    std::filesystem::remove(info_file);
+    std::filesystem::create_directory(info_file);
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), failure) << "it cannot be read";
+    (void)testing::internal::GetCapturedStderr();
 }
 
 TEST(Channels, TheListIsRemovedWhereTheFileIsNotUsed) {

@@ -6,6 +6,7 @@
 #include "settings_files.h"
 
 #include <climits>
+#include <cstring>
 #include <functional>
 #include <gtest/gtest.h>
 
@@ -189,6 +190,7 @@ TEST(Radio, ValuesOutOfRangeStoreNothing) {
     start_with(lines, lines);
     for (const auto &[set, value] : refused)
         EXPECT_EQ(set(1, value), failure) << value;
+    EXPECT_EQ(lines_of(file_24g), lines);
     for (const auto &[get, set, key] : classes)
         for (const int ac : {0, 5, -1, INT_MAX}) {
             unsigned value = 99;
@@ -198,6 +200,33 @@ TEST(Radio, ValuesOutOfRangeStoreNothing) {
             EXPECT_EQ(lines_of(file_24g), std::string(key) + "=1;2;3;4\n");
             EXPECT_EQ(value, 99);
         }
+}
+
+TEST(Radio, AnyNumberButZeroSwitchesOn) {
+    const std::pair<Set, const char *> switches[] = {
+        {ZAV_SetTxBurst, "TxBurst=1\n"},
+        {ZAV_SetBGProtection, "BGProtection=0\n"},
+        {ZAV_SetStationIsolate, "NoForwarding=1\n"},
+        {ZAV_SetSsidAdvertisementEnabled, "HideSSID=0\n"},
+    };
+    for (const auto &[set, line] : switches) {
+        start_with("NoForwarding=0\nHideSSID=1\n", "");
+        EXPECT_EQ(set(1, 7), success) << line;
+        const std::string stored = lines_of(file_24g), key(line, std::strcspn(line, "="));
+        EXPECT_EQ(stored[stored.find(key) + key.size() + 1], line[key.size() + 1]) << stored;
+    }
+}
+
+TEST(Radio, TheCountryCodeIsAText) {
+    std::array<char, 4> code{};
+    start_with("", "");
+    EXPECT_EQ(ZAV_GetCountryCode(1, code), failure);
+    EXPECT_EQ(ZAV_GetCountryCode(17, code), failure);
+    EXPECT_EQ(ZAV_SetCountryCode(17, "US"), failure);
+    EXPECT_EQ(ZAV_SetCountryCode(10, "US"), success);
+    EXPECT_EQ(lines_of(file_24g) + lines_of(file_5g), "CountryCode=US\n");
+    EXPECT_EQ(ZAV_GetCountryCode(9, code), success);
+    EXPECT_STREQ(code.data(), "US");
 }
 
 TEST(Radio, StoredTextsOfOtherFormsAreRead) {

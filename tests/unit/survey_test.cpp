@@ -13,10 +13,11 @@
 
 // Instead of the real one: runs the worker's body at once, or refuses.
 static bool no_thread_left = false;
-bool start_worker(const char *, pthread_t *, void *(*body)(void *), void *argument) {
+bool start_worker(pthread_t *, void *(*body)(void *), void *argument) {
     errno = EAGAIN;
     return !no_thread_left && body(argument) == nullptr;
 }
+void report_no_worker(const char *) {}
 
 namespace {
 

@@ -184,7 +184,9 @@ TEST(Channels, NoSettingIsLostWhileTheListIsRemoved) {
     write_file("/tmp/bin/sed", "#!/bin/sh\n/bin/sed \"$2\" \"$3\" >/tmp/without\necho >>/tmp/sed_began\n"
                                "sleep 0.3\nmv /tmp/without \"$3\"\nexit 4\n");
     std::filesystem::permissions("/tmp/bin/sed", std::filesystem::perms::all);
-    setenv("PATH", ("/tmp/bin:" + std::string(getenv("PATH"))).c_str(), 1);
+    const char *path = getenv("PATH");
+    ASSERT_NE(path, nullptr);
+    setenv("PATH", (std::string("/tmp/bin:") + path).c_str(), 1);
     start_with("OverwriteChannelList=1,0\nA=1\n", "");
     Status removed = failure;
     std::jthread remover([&] { removed = RemoveChannelInfoFromNvram("zvi00"); });
@@ -229,11 +231,15 @@ TEST(Channels, TheChannelTakesItsExtensionSideAlong) {
         {"HT_BW=0\n", 17, 6, failure, "Channel=1\n", "1"},
     };
     for (const auto &[lines, index, channel, status, channel_line, side] : rows) {
-        const std::string before = lines + ("Channel=1\n" + sides + "1\n"),
-                          after = lines + channel_line + sides + side + "\n";
+        std::string before(lines), after(lines);
+        before.append("Channel=1\n").append(sides).append("1\n");
+        after.append(channel_line).append(sides).append(side).append("\n");
         start_with(before, before);
         EXPECT_EQ(ZAV_SetChannel(index, channel), status) << lines << channel;
         EXPECT_EQ(lines_of(index <= 8 ? file_24g : file_5g), after) << lines << channel;
         EXPECT_EQ(lines_of(index <= 8 ? file_5g : file_24g), before) << lines << channel;
     }
+    start_with("Channel=1\n" + sides + "0\n", "");
+    EXPECT_EQ(ZAV_SetChannel(1, 1), success) << "the channel is stored, its side is not";
+    EXPECT_EQ(lines_of(file_24g), "Channel=1\n" + sides + "1\n");
 }

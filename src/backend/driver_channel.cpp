@@ -47,7 +47,7 @@ Descriptor open_socket() { return Descriptor(socket(AF_INET, SOCK_DGRAM | SOCK_C
 Descriptor open_channel(const char *who) {
     Descriptor channel = open_socket();
     if (!channel.valid())
-        log_error("[ZAV-API] Error %s socket failed", who);
+        log_error(socket_failed.text, who);
     return channel;
 }
 

@@ -36,12 +36,15 @@ enum class PrivateRequest : unsigned char {
     wps_device = 18
 };
 
+// (A constant of its own: clang 14 would build the line of a default anew at run time.)
+inline constexpr Line<const char *> socket_failed = "[ZAV-API] Error %s socket failed";
+
 struct PrivateCommand {
     PrivateRequest request;
     const char *text = nullptr;       // stands in the buffer before the answer; none: nothing does
     std::size_t announced_length = 0; // to the driver; 0: that of the text with its terminator
     bool shown = true;                // with a debug line
-    Line<const char *> no_socket = "[ZAV-API] Error %s socket failed"; // the error line, which names `who`
+    Line<const char *> no_socket = socket_failed; // the error line, which names `who`
 };
 
 // Sends the command and copies out as much of the answer as is asked for, up to 65535 bytes; what the driver

@@ -28,15 +28,6 @@ void log_error(const char *format, ...) {
     va_end(values);
 }
 
-void log_checked(const char *format, ...) {
-    if (!debug_enabled())
-        return;
-    va_list values;
-    va_start(values, format);
-    std::vprintf(format, values);
-    va_end(values);
-}
-
 void log_checked_after(const char *who, const char *rest, const char *format, ...) {
     if (!debug_enabled())
         return;

@@ -12,12 +12,6 @@ bool debug_enabled();
 [[gnu::format(printf, 1, 2)]] void log_debug(const char *format, ...);
 [[gnu::format(printf, 1, 2)]] void log_error(const char *format, ...);
 
-// Debug lines whose conversions were checked where they were written (see Line). `log_checked_after` puts
-// "[ZAV-API] ", `who` and `rest` before the line.
-void log_checked(const char *format, ...);
+// A debug line whose conversions were checked where it was written (see Line), behind "[ZAV-API] ", `who` and
+// `rest`.
 void log_checked_after(const char *who, const char *rest, const char *format, ...);
-
-template <class... Values>
-void log_line(const Line<Values...> &line, std::type_identity_t<Values>... values) {
-    log_checked(line.text, values...);
-}

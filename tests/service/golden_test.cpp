@@ -118,6 +118,14 @@ TEST(GoldenTable, HasEveryProcedureByNumberAndName) {
     for (const Procedure &procedure : protocol)
         wanted.emplace(procedure.number, procedure.name);
     EXPECT_EQ(played, wanted);
+    std::set<unsigned> numbers, assigned;
+    for (const auto &[number, name] : wanted)
+        numbers.insert(number);
+    for (unsigned number = 1; number <= 253; ++number)
+        if (number != 20)
+            assigned.insert(number);
+    EXPECT_EQ(numbers, assigned);
+    EXPECT_EQ(std::size(protocol), 252U);
 }
 
 } // namespace

@@ -21,10 +21,7 @@ class Survey : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_EQ(gateway.call(load, word(245)), word(0));
-        std::optional<std::string> code;
-        while ((code = gateway.call(init, "")) == word(3))
-            std::this_thread::sleep_for(20ms);
-        ASSERT_EQ(code, word(0));
+        ASSERT_EQ(settled(init, "", word(3)), word(0));
     }
     void fault(const char *name, const char *text) {
         write_file(gateway.path(std::string("faults/") + name), text);
@@ -33,9 +30,18 @@ protected:
         return gateway.call(procedure, word(index));
     }
     void await_end(std::uint32_t index, std::uint32_t expected) {
-        while (ask(scan_status, index) == number(running))
+        EXPECT_EQ(settled(scan_status, word(index), number(running)), number(expected));
+    }
+    // What the answer becomes; after ten seconds, whatever it is then.
+    std::optional<std::string> settled(std::uint32_t procedure, const std::string &arguments,
+                                       const std::string &passing) {
+        const auto deadline = Clock::now() + 10s;
+        auto answer = gateway.call(procedure, arguments);
+        while (answer == passing && Clock::now() < deadline) {
             std::this_thread::sleep_for(20ms);
-        EXPECT_EQ(ask(scan_status, index), number(expected));
+            answer = gateway.call(procedure, arguments);
+        }
+        return answer;
     }
     Gateway gateway;
 };

@@ -70,8 +70,8 @@ TEST(AccessList, RefusesAnAddThatTheListingOrTheFileCannotTake) {
     const std::size_t beside = 2 * (17 + 2) + 3; // two addresses with their separators, the added name
     const std::string fits(3199 - beside, 'x'), none = "#\nBssidNum=8\n";
     // Settings filled up to that many bytes, and what an add to them answers.
-    const auto check = [](const std::string &before, std::size_t size, Status expected) {
-        const std::string text = before + "P=" + std::string(size - before.size() - 3, 'p') + "\n";
+    const auto check = [](const std::string &before, std::size_t size, Status expected, char last = '\n') {
+        const std::string text = before + "P=" + std::string(size - before.size() - 3, 'p') + last;
         SCOPED_TRACE(before.substr(0, 60) + " " + std::to_string(size));
         write_settings(text);
         EXPECT_EQ(add(2, "new"), expected);
@@ -82,8 +82,11 @@ TEST(AccessList, RefusesAnAddThatTheListingOrTheFileCannotTake) {
     check(settings(mac(1), fits + "x"), 8000, failure);
     check(settings(mac(1), "one"), 16383 - 18 - 4, success);
     check(settings(mac(1), "one"), 16383 - 18 - 3, failure);
-    check(none, 16383 - 60, success);
-    check(none, 16383 - 50, failure);
+    const std::size_t two_lines = (18 + 1 + 17 + 1) + (15 + 1 + 3 + 1); // key, "=", value, line feed
+    check(none, 16383 - two_lines, success);
+    check(none, 16383 - two_lines + 1, failure);
+    check(none, 16383 - two_lines - 1, success, 'p'); // the last line is open and gets its line feed
+    check(none, 16383 - two_lines, failure, 'p');
     write_settings(settings(mac(1), std::string(3199 - 19, 'x')));
     EXPECT_EQ(listing().size(), 3199);
     write_settings(settings(mac(1), std::string(3199 - 18, 'x')));

@@ -27,6 +27,17 @@ static void give_stations(const std::vector<unsigned char> &numbers) {
     driver::answers[15] = table;
 }
 
+// The debug lines of an action.
+template <class Action>
+static std::string said_by(Action action) {
+    std::ofstream("/tmp/wlandbg") << "";
+    testing::internal::CaptureStdout();
+    action();
+    std::fflush(stdout);
+    std::remove("/tmp/wlandbg");
+    return testing::internal::GetCapturedStdout();
+}
+
 // So many 32-bit words, each telling its place.
 static std::string words(unsigned count) {
     std::string block;
@@ -61,6 +72,9 @@ TEST(Stations, AreFoundByPlaceAndAddressUnderTheNumberOfTheDriver) {
     EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(3, 0, &number), failure);
     EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(0, 0, &number), failure);
     EXPECT_EQ(number, 99U);
+    EXPECT_EQ(said_by([&] { (void)ZAV_GetZavinoStaIndexByMac(1, "00:00:5E:00:53:A1", &number); }),
+              "[ZAV-API] ZAV_GetAssocDevicesTable (buffer=get_mac_table,len=14).\n"
+              "[ZAV-API] ZAV_GetZavinoStaIndexByMac sta_mac=00:00:5E:00:53:A1 staidx=1 zvidx=31\n");
 }
 
 TEST(AirTime, CountersStandByGroupAndStation) {
@@ -78,9 +92,12 @@ TEST(AirTime, CountersStandByGroupAndStation) {
     FourWords found{9, 9, 9, 9};
     for (const int group : {8, -1, INT_MAX, INT_MIN})
         EXPECT_EQ(wlan_getAirTimeStats(1, 0, group, &found), failure) << group;
+    const std::size_t asked = driver::asked.size();
+    EXPECT_EQ(said_by([] { EXPECT_EQ(ZAV_GetAirTimeStats(1, nullptr), failure); }),
+              "[ZAV-API] ZAV_GetAirTimeStats driverFairnessData is not initialized\n");
+    EXPECT_EQ(driver::asked.size(), asked);
     driver::answers.erase(17);
     EXPECT_EQ(wlan_getAirTimeStats(1, 0, 0, &found), failure);
-    EXPECT_EQ(ZAV_GetAirTimeStats(1, nullptr), failure);
     EXPECT_EQ(found, (FourWords{9, 9, 9, 9}));
 }
 
@@ -145,8 +162,16 @@ TEST(AirTime, IsSharedInPercent) {
     EXPECT_EQ(shares({1ULL << 63}, 1ULL << 63), expected);
 }
 
+TEST(Weights, OfStationsAreEqual) {
+    give_stations({1, 2, 3});
+    unsigned weight = 0;
+    EXPECT_TRUE(wlan_getStaWeight(1, "", &weight) == success && weight == 33);
+    EXPECT_EQ(wlan_getStaWeight(1, "", nullptr), failure);
+}
+
 TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
     const std::string a1 = "00:00:5E:00:53:A1", a2 = "00:00:5E:00:53:A2", list = a1 + ",40;" + a2 + ",20;";
+    const std::string who = "[ZAV-API] zavChangeOrRemoveStaWeight ";
     std::string thirty_one;
     for (int i = 10; i < 41; ++i)
         thirty_one.append("02:00:00:00:00:").append(std::to_string(i)).append(",1;");
@@ -154,21 +179,27 @@ TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
         std::string stored, mac;
         int weight;
         Status result;
-        std::string after, command;
+        std::string after, command, said{};
     } rows[] = {
-        {list, "00:00:5e:00:53:a1", 50, success, a2 + ",20;" + a1 + ",50;", "fairness.-c.31.50"},
-        {list, a1, -1, success, a2 + ",20;", "fairness.-c.31.4294967295"},
-        {list, a2, 20, unchanged, list, ""},
+        {list, "00:00:5e:00:53:a1", 50, success, a2 + ",20;" + a1 + ",50;", "fairness.-c.31.50",
+         "entry (index=1, ZvStaIdx=31, weight=50).\n" + who + "cmd=fairness.-c.31.50\n"},
+        {list, a1, -1, success, a2 + ",20;", "fairness.-c.31.4294967295",
+         "Received data: 00:00:5E:00:53:A...\n"},
+        {list, a2, 20, unchanged, list, "",
+         "station with this mac address is not associated\n" + who + "update NVRAM only\n"},
         {list, "AA:BB:CC:DD:EE:FF", 0, success, list + "AA:BB:CC:DD:EE:FF,0;", ""},
         {list, "AA:BB:CC:DD:EE:FF", -1, unchanged, list, ""},
         {"", a2, 100, success, a2 + ",100;", ""},
         {"none", a2, 1, success, a2 + ",1;", ""},
-        {list, a1, 101, failure, list, ""},
+        {list, a1, 101, failure, list, "", "invalid weight. weight should be in Range of 0-100\n"},
         {list, a1, -2, failure, list, ""},
-        {list, "00:00:5E:00:53", 1, failure, list, ""},
-        {a1 + ",40;00:00:5E", a2, 1, failure, a1 + ",40;00:00:5E", ""},
+        {list, "00:00:5E:00:53", 1, failure, list, "",
+         "wrong mac address or mac address format: 00:00:5E:00:53\n"},
+        {a1 + ",40;00:00:5E", a2, 1, failure, a1 + ",40;00:00:5E", "",
+         "Wrong format, can't parse [1]: 00:00:5E...\n"},
         {thirty_one, a2, 1, success, thirty_one + a2 + ",1;", ""},
-        {thirty_one + a2 + ",1;", "AA:BB:CC:DD:EE:FF", 1, failure, thirty_one + a2 + ",1;", ""},
+        {thirty_one + a2 + ",1;", "AA:BB:CC:DD:EE:FF", 1, failure, thirty_one + a2 + ",1;", "",
+         "Buffer overflow, while reading from the parameter\n"},
         {thirty_one + a2 + ",1;", a2, 2, success, thirty_one + a2 + ",2;", ""},
         {std::string(2500, '0'), a2, 1, failure, std::string(2500, '0'), ""},
     };
@@ -177,7 +208,10 @@ TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
         std::ofstream("/tmp/ZAV75024g.dat") << "#\nStaWeights=" << row.stored << "\nB=1\n";
         give_stations({0, 31});
         driver::answers[17] = "";
-        EXPECT_EQ(zavChangeOrRemoveStaWeight(1, row.mac.c_str(), row.weight), row.result) << row.stored;
+        const std::string said = said_by([&] {
+            EXPECT_EQ(zavChangeOrRemoveStaWeight(1, row.mac.c_str(), row.weight), row.result) << row.stored;
+        });
+        EXPECT_NE(said.find(row.said.empty() ? "" : who + row.said), said.npos) << said;
         std::string stored;
         std::getline(std::ifstream("/tmp/ZAV75024g.dat"), stored, '\0');
         EXPECT_EQ(stored, "#\nStaWeights=" + row.after + "\nB=1\n");
@@ -186,7 +220,9 @@ TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
     }
     EXPECT_EQ(zavChangeOrRemoveStaWeight(17, a1.c_str(), 1), failure);
     std::ofstream("/tmp/ZAV75024g.dat") << "#\n";
-    EXPECT_EQ(zavChangeOrRemoveStaWeight(1, a1.c_str(), 1), failure) << "no such setting";
+    EXPECT_TRUE(said_by([&] {
+                    EXPECT_EQ(zavChangeOrRemoveStaWeight(1, a1.c_str(), 1), failure);
+                }).ends_with(who + "Can't get StaWeights parameter from NVRAM\n"));
 }
 
 TEST(RadioStatistics, StandAtTheirPlaces) {
@@ -223,17 +259,19 @@ TEST(RadioStatistics, StandAtTheirPlaces) {
                 wlan_getChannelNoiseFloor(1, &n1, &n2, &n3, nullptr) == failure &&
                 wlan_getRadioTxPackets(1, nullptr) == failure && wlan_getRSSITable(1, nullptr) == failure &&
                 wlan_getRSSITable(17, &table) == failure);
+    EXPECT_EQ(said_by([&] { (void)wlan_getRSSITable(1, nullptr), (void)wlan_getRadioTxPackets(1, nullptr); }),
+              "[ZAV-API] ZAV_GetRSSITable entry (index=1).\n"
+              "[ZAV-API] ZAV_GetRSSITable RSSI Table is not initialized\n"
+              "[ZAV-API] ZAV_GetRadioTxPackets entry (index=1).\n"
+              "[ZAV-API] ZAV_GetRadioTxPackets Channel Statistics is not initialized\n");
     EXPECT_EQ(driver::asked.size(), asked);
     driver::answers.clear();
     EXPECT_TRUE(wlan_getRadioTxPackets(1, &sent) == failure && sent == number(24, 8)) << "untouched";
 }
 
 TEST(AccessCategories, ArePrintedWithTheirSum) {
-    std::ofstream("/tmp/wlandbg") << "";
-    testing::internal::CaptureStdout();
-    print_access_categories("frames", {1, 2, 3, 4, 4294967296UL});
-    std::fflush(stdout);
-    EXPECT_EQ(testing::internal::GetCapturedStdout(),
+    EXPECT_EQ(said_by([] {
+                  print_access_categories("frames", {1, 2, 3, 4, 4294967296UL});
+              }),
               "frames BE=1, BK=2, VI=3, VO=4, MGMT=4294967296, TOTAL=4294967306\n");
-    std::remove("/tmp/wlandbg");
 }

@@ -95,6 +95,15 @@ TEST(Stations, AreTheSameBytesOnTheWire) {
     put(&expected, 18, std::string(" \0", 2));
     EXPECT_EQ(bytes_of(single), expected);
     EXPECT_EQ(driver::asked, std::vector<std::string>{"15 zv01 get_mac_table 14"});
+    wlan_device_t other_name;
+    std::memcpy(&other_name, untouched.data(), sizeof other_name);
+    std::fclose(std::fopen("/tmp/wlandbg", "w"));
+    testing::internal::CaptureStdout();
+    EXPECT_EQ(wlan_get(10, 0, &other_name), success);
+    std::fflush(stdout);
+    std::remove("/tmp/wlandbg");
+    EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("[ZAV-API] wlan_get entry (10).\n"));
+    EXPECT_EQ(bytes_of(other_name), expected);
 
     put(&wire, 164, little_endian(-51ULL, 4));
     put(&wire, 192, "\1");
@@ -104,6 +113,19 @@ TEST(Stations, AreTheSameBytesOnTheWire) {
     EXPECT_EQ(table->count, 2U);
     EXPECT_EQ(bytes_of(table->devices[1]), wire);
     EXPECT_EQ(bytes_of(table->devices[2]), std::string(236, '\0'));
+}
+
+TEST(Stations, ComeAndGoBetweenTheCountAndTheRecord) {
+    const std::string first = station({{0, std::string(2, '\0')}}),
+                      second = station({{0, std::string(1, '\0')}});
+    unsigned count = 0;
+    give_stations(2, {first, second});
+    EXPECT_TRUE(wlan_getAssocDevicesNum(1, &count) == success && count == 2);
+    give_stations(1, {second});
+    EXPECT_EQ(bytes_of(get_device(1, 1, failure)), untouched);
+    EXPECT_EQ(std::string(get_device(1, 0).mac_address), "01:02:03:04:05:06");
+    give_stations(2, {first, second});
+    EXPECT_EQ(std::string(get_device(1, 0).mac_address), "00:02:03:04:05:06");
 }
 
 TEST(Stations, HaveAClass) {

@@ -217,18 +217,6 @@ TEST(Radio, AnyNumberButZeroSwitchesOn) {
     }
 }
 
-TEST(Radio, TheCountryCodeIsAText) {
-    std::array<char, 4> code{};
-    start_with("", "");
-    EXPECT_EQ(ZAV_GetCountryCode(1, code), failure);
-    EXPECT_EQ(ZAV_GetCountryCode(17, code), failure);
-    EXPECT_EQ(ZAV_SetCountryCode(17, "US"), failure);
-    EXPECT_EQ(ZAV_SetCountryCode(10, "US"), success);
-    EXPECT_EQ(lines_of(file_24g) + lines_of(file_5g), "CountryCode=US\n");
-    EXPECT_EQ(ZAV_GetCountryCode(9, code), success);
-    EXPECT_STREQ(code.data(), "US");
-}
-
 TEST(Radio, StoredTextsOfOtherFormsAreRead) {
     const struct {
         Get get;

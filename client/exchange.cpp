@@ -105,8 +105,8 @@ Error send_and_receive(const Request &request, int descriptor, std::string_view 
         }
         const Clock::duration patience = std::min(end, next) - Clock::now();
         if (is_readable(descriptor, std::min<Clock::duration>(patience, longest_sleep))) {
-            const ssize_t received = recv(descriptor, buffer.data(), buffer.size(), 0);
-            if (received < 0 && errno != EINTR)
+            const ssize_t received = recv(descriptor, buffer.data(), buffer.size(), MSG_DONTWAIT);
+            if (received < 0 && errno != EINTR && errno != EAGAIN) // a datagram can turn out to be broken
                 return unreachable(request, errno);
             ret_reply = buffer.first(static_cast<std::size_t>(std::max<ssize_t>(received, 0)));
             if (answers(ret_reply, call))

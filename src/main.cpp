@@ -6,6 +6,7 @@
 #include <cstdio>
 #include <fcntl.h>
 #include <netinet/in.h>
+#include <new>
 #include <rpc/pmap_clnt.h>
 #include <string_view>
 #include <unistd.h>
@@ -28,13 +29,20 @@ int give_up(const char *reason) {
     return 1;
 }
 
+// No operation can go on without memory, and no worker can be unwound.
+void end_without_memory() {
+    std::fputs("out of memory\n", stderr);
+    _exit(1);
+}
+
 // Started with closed descriptors, a socket or a settings file would become standard output.
-void open_standard_descriptors() {
+bool open_standard_descriptors() {
     int fd = open("/dev/null", O_RDWR);
     while (fd >= 0 && fd <= STDERR_FILENO)
         fd = open("/dev/null", O_RDWR);
     if (fd > STDERR_FILENO)
         close(fd);
+    return fd >= 0;
 }
 
 // A reader of the log that goes away, or a limit on file sizes, ends a line or a change, not the daemon. What
@@ -54,7 +62,9 @@ int main(int argc, char **argv) {
         std::fputs(first == "--help" ? usage : "wlan-configd " WLAN_CONFIGD_VERSION "\n", stdout);
         return 0;
     }
-    open_standard_descriptors();
+    if (!open_standard_descriptors())
+        return give_up("cannot open /dev/null.");
+    std::set_new_handler(end_without_memory);
     set_signals();
     std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);

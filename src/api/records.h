@@ -1,5 +1,6 @@
 #pragma once
 
+#include <bit>
 #include <cstddef>
 #include <cstdint>
 #include <tuple>
@@ -7,6 +8,8 @@
 // The records that operations fill and clients receive. They travel as their memory image, so their layout is
 // the wire format. `fields()` names a record's items in wire order; items in a tuple of their own are a run
 // of 32-bit words, which is coded in one piece.
+
+static_assert(std::endian::native == std::endian::little, "the images are little-endian");
 
 struct wlan_basicStats_t {
     unsigned bytes_sent, bytes_received, packets_sent, packets_received, associations;

@@ -17,7 +17,7 @@ constexpr int first_index_24g = 1, first_index_5g = 9;
 
 std::mutex restart_mask_mutex;
 std::uint16_t restart_mask_next = 0;
-std::counting_semaphore<> restart_thread_semaphore{1}; // a post for each request
+std::counting_semaphore<> restart_thread_semaphore{1}; // a post for each request; the first wake finds none
 pthread_t restart_thread;
 bool restart_thread_runs = false; // asked by the request thread alone
 

@@ -8,7 +8,6 @@
 #include <atomic>
 #include <cerrno>
 #include <cstring>
-#include <memory>
 #include <semaphore>
 
 namespace {
@@ -28,7 +27,7 @@ Status find_band(int index, bool *ret_is_24g) {
 }
 
 void *ap_scan_thread_function(void *argument) {
-    const int index = *std::unique_ptr<int>(static_cast<int *>(argument));
+    const int index = *static_cast<const int *>(argument); // gone after the first step
     log_debug("[ZAV-API] %s ap scan thread started.\n", __func__);
     bool is_24g = false;
     const Status found = find_band(index, &is_24g);
@@ -91,14 +90,12 @@ Status wlan_ApSiteSurvey(int index) {
                   is_24g ? "2.4GHz" : "5.2GHz");
         return failure;
     }
-    auto argument = std::make_unique<int>(index);
-    if (!start_worker(&ap_scan_thread, ap_scan_thread_function, argument.get())) {
+    if (!start_worker(&ap_scan_thread, ap_scan_thread_function, &index)) {
         const int error = errno;
         set_ap_scan_thread_status(is_24g ? 1 : 0, scan_failed);
         log_debug("[ZAV-API] %s Error creating ap scan thread : %d, %s.\n", __func__, error, strerror(error));
         return failure;
     }
-    (void)argument.release(); // the thread's now
     first_step_done.acquire();
     return success;
 }

@@ -29,10 +29,7 @@ Status wlan_getWpsModelName(int index, std::span<char> ret_name) {
     return wlan_getWpsDeviceName(index, ret_name);
 }
 
-Status wlan_setWpsModelName(int, const char *) {
-    log_error("[ZAV-API] Error %s failed !!!\n", __func__);
-    return failure;
-}
+Status wlan_setWpsModelName(int, const char *) { return report_failure(__func__, failure); }
 
 Status wlan_getWpsDevicePassword(int index, std::span<char> ret_pin) {
     return get_secret(__func__, ZAV_GetWpsDevicePassword, "device password read\n", index, ret_pin);

@@ -20,14 +20,13 @@
 
 namespace {
 
-constexpr std::size_t file_limit = longest_setting;
 constexpr char lock_file[] = "/tmp/nvram_set_lock";
 constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
 
 // Held over each whole get and each whole read-change-write; guards both buffers.
 std::mutex store_mutex;
-std::array<char, file_limit> stored_text;
-std::array<char, file_limit> changed_text;
+std::array<char, settings_file_limit> stored_text;
+std::array<char, settings_file_limit> changed_text;
 
 struct Place {
     std::size_t begin, end;
@@ -99,7 +98,7 @@ std::optional<Place> find_value(std::string_view text, std::string_view key) {
 std::optional<std::string_view> join(std::initializer_list<std::string_view> pieces) {
     std::size_t length = 0;
     for (std::string_view piece : pieces) {
-        if (piece.size() >= file_limit - length)
+        if (piece.size() >= settings_file_limit - length)
             return std::nullopt;
         std::copy_n(piece.data(), piece.size(), changed_text.data() + length);
         length += piece.size();
@@ -128,7 +127,7 @@ std::optional<std::string_view> with_value(std::string_view text, std::optional<
 }
 
 void say_too_long(const char *who) {
-    log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, file_limit - 1);
+    log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, settings_file_limit - 1);
 }
 
 Status store_value(const char *who, Descriptor file, std::string_view key, const Value &value) {
@@ -136,7 +135,7 @@ Status store_value(const char *who, Descriptor file, std::string_view key, const
     if (!text)
         return failure;
     const auto place = find_value(*text, key);
-    const bool is_whole = text->size() < file_limit;
+    const bool is_whole = text->size() < settings_file_limit;
     if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value.text)
         return unchanged;
     const auto changed = with_value(*text, place, key, value);
@@ -188,7 +187,7 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
 }
 
 Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value) {
-    ret_value->assign(longest_setting, '\0'); // on the heap: a worker's stack is small
+    ret_value->assign(settings_file_limit, '\0'); // on the heap: a worker's stack is small
     const Status result = nvram_get_str(ifname, key, *ret_value);
     ret_value->resize(std::strlen(ret_value->c_str()));
     return result;
@@ -230,7 +229,7 @@ bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting
     if (!text)
         return false;
     std::size_t length = text->size();
-    bool fits = length < file_limit, open_line = !text->ends_with('\n');
+    bool fits = length < settings_file_limit, open_line = !text->ends_with('\n');
     for (const auto &[key, value] : settings) {
         if (const auto place = find_value(*text, key)) {
             length += value.size() - (place->end - place->begin);
@@ -238,7 +237,7 @@ bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting
             length += key.size() + value.size() + (open_line ? 3 : 2);
             open_line = false;
         }
-        fits = fits && length < file_limit;
+        fits = fits && length < settings_file_limit;
     }
     if (!fits)
         say_too_long(who);

@@ -14,7 +14,7 @@
 // 2.4 GHz file, anything else the 5 GHz file. A file is shorter than 16384 bytes, a key at most 57 characters
 // long; the first line is never a setting and the first of repeated keys counts.
 
-constexpr std::size_t longest_setting = 16384; // no value is as long
+constexpr std::size_t settings_file_limit = 16384; // no value is as long
 constexpr std::size_t longest_key = 57;
 
 // The path lives as long as the process. -1 when a band file is asked for and zav_cfg_dir was not set at the

@@ -170,6 +170,8 @@ Status ZAV_Restart(int index) {
     int enabled = 0;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
+    auto held = hold_stops_off();
+    const unsigned run = driver_run;
     if (!driver_initialised)
         return success;
     if (wps_enabled(bss.ifname, &enabled) != success)
@@ -178,9 +180,11 @@ Status ZAV_Restart(int index) {
     const char *command = is_24g_name(bss.ifname.data())
                               ? "$zav_install_dir/zv_host.sh restart_interfaces 24g"
                               : "$zav_install_dir/zv_host.sh restart_interfaces 5g";
-    if (run_command(__func__, command) != success)
+    if (run_command(__func__, command, std::move(held)) != success)
         return failure;
-    return enabled != 0 ? success : switch_wps_mode_off(index - static_cast<int>(bss.number) + 1);
+    if (enabled != 0 || has_ended(run))
+        return success;
+    return switch_wps_mode_off(index - static_cast<int>(bss.number) + 1);
 }
 
 Status ZAV_RestartAll() {

@@ -104,7 +104,7 @@ Status read_command(const char *command, const std::function<void(std::string_vi
     (void)writing.close();
     if (child < 0)
         return failure;
-    const std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.get(), "r"), std::fclose);
+    std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.get(), "r"), std::fclose);
     if (output)
         (void)reading.release(); // the stream closes it
     else
@@ -117,5 +117,7 @@ Status read_command(const char *command, const std::function<void(std::string_vi
             take_line(std::string_view(piece.data(), length));
         begins = piece.at(length) == '\n';
     }
-    return wait_for(child) == -1 ? failure : success;
+    const bool is_whole = output && std::ferror(output.get()) == 0;
+    output.reset(); // before the wait: the command may still write
+    return wait_for(child) == -1 || !is_whole ? failure : success;
 }

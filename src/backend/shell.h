@@ -15,7 +15,7 @@
 Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held = {});
 
 // Runs `command` and hands over its output, a line at a time without the line feed and cut at 255 bytes. -1
-// only when the shell could not be started: the exit status is not looked at.
+// only when the shell could not be started or its output not be read: the exit status is not looked at.
 Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line);
 
 // Runs `command` without a word about it. Its exit status, 127 where the shell found no program, or -1 when

@@ -92,7 +92,7 @@ Status ZAV_GetChannelBW(int index, unsigned *ret_bandwidth) {
     Bss bss;
     bool is_40_mhz = false, coexists = false;
     log_get(__func__, index);
-    if (find_bss(__func__, Reported::by_nobody, index, &bss) != success ||
+    if (find_reported_bss(__func__, Reported::by_nobody, index, &bss) != success ||
         read_switch(__func__, bss, channel_bw.second, &is_40_mhz) != success ||
         (is_40_mhz && read_switch(__func__, bss, channel_bw.first, &coexists) != success))
         return failure;
@@ -109,7 +109,7 @@ Status ZAV_GetGuardInterval(int index, unsigned *ret_interval) {
     Bss bss;
     bool is_auto = false, is_fixed_on = false;
     log_get(__func__, index);
-    if (find_bss(__func__, Reported::by_nobody, index, &bss) != success ||
+    if (find_reported_bss(__func__, Reported::by_nobody, index, &bss) != success ||
         read_switch(__func__, bss, guard_interval.first, &is_auto) != success ||
         (!is_auto && read_switch(__func__, bss, guard_interval.second, &is_fixed_on) != success))
         return failure;

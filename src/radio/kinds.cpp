@@ -21,7 +21,7 @@ Status read_stored(const char *who, const Bss &bss, const Key &key, std::string 
 Status read_scalar(const char *who, const Key &key, Reported bad_index, int index, std::string *ret_text) {
     Bss bss;
     log_get(who, index);
-    if (find_bss(who, bad_index, index, &bss) != success)
+    if (find_reported_bss(who, bad_index, index, &bss) != success)
         return failure;
     return read_stored(who, bss, key, ret_text);
 }
@@ -72,7 +72,7 @@ void log_set(const char *who, int index, unsigned value) {
     log_debug("[ZAV-API] %s entry (%d,%u).\n", who, index, value);
 }
 
-Status find_bss(const char *who, Reported bad_index, int index, Bss *ret_bss) {
+Status find_reported_bss(const char *who, Reported bad_index, int index, Bss *ret_bss) {
     if (bad_index == Reported::by_isIndexValid && isIndexValid(index) != success)
         return failure;
     if (bad_index == Reported::by_the_operation)
@@ -81,7 +81,7 @@ Status find_bss(const char *who, Reported bad_index, int index, Bss *ret_bss) {
 }
 
 Status find_listed_bss(const char *who, Reported bad_index, int index, Bss *ret_bss) {
-    if (find_bss(who, bad_index, index, ret_bss) != success)
+    if (find_reported_bss(who, bad_index, index, ret_bss) != success)
         return failure;
     return ret_bss->number <= list_fields ? success : failure;
 }
@@ -107,7 +107,7 @@ Status read_setting(const char *who, const RadioNumber &setting, int index, unsi
 Status write_setting(const char *who, const RadioNumber &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
-    if (find_bss(who, setting.bad_index, index, &bss) != success)
+    if (find_reported_bss(who, setting.bad_index, index, &bss) != success)
         return failure;
     return nvram_set_int(bss.ifname.data(), setting.key.text, static_cast<int>(value));
 }
@@ -123,7 +123,7 @@ Status read_setting(const char *who, const RadioText &setting, int index, std::s
 Status write_setting(const char *who, const RadioText &setting, int index, const char *text) {
     Bss bss;
     log_debug("[ZAV-API] %s entry (%d,%s).\n", who, index, text);
-    if (find_bss(who, Reported::by_nobody, index, &bss) != success)
+    if (find_reported_bss(who, Reported::by_nobody, index, &bss) != success)
         return failure;
     return nvram_set_str(bss.ifname.data(), setting.key.text, text);
 }
@@ -140,7 +140,7 @@ Status read_setting(const char *who, const RadioFlag &setting, int index, unsign
 Status write_setting(const char *who, const RadioFlag &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
-    if (find_bss(who, setting.bad_index, index, &bss) != success)
+    if (find_reported_bss(who, setting.bad_index, index, &bss) != success)
         return failure;
     return nvram_set_str(bss.ifname.data(), setting.key.text, value != 0 ? setting.on : setting.off);
 }
@@ -148,7 +148,8 @@ Status write_setting(const char *who, const RadioFlag &setting, int index, unsig
 Status write_setting(const char *who, const FlagPair &setting, int index, unsigned value) {
     Bss bss;
     log_set(who, index, value);
-    if (value >= setting.choices.size() || find_bss(who, Reported::by_nobody, index, &bss) != success)
+    if (value >= setting.choices.size() ||
+        find_reported_bss(who, Reported::by_nobody, index, &bss) != success)
         return failure;
     const auto &[first, second] = setting.choices.at(value);
     const Status stored = nvram_set_str(bss.ifname.data(), setting.first.text, first);
@@ -189,7 +190,7 @@ Status write_setting(const char *who, const BssList &setting, int index, unsigne
 Status read_setting(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value) {
     Bss bss;
     log_get(who, index);
-    if (find_bss(who, Reported::by_the_operation, index, &bss) != success || !is_class(who, ac))
+    if (find_reported_bss(who, Reported::by_the_operation, index, &bss) != success || !is_class(who, ac))
         return failure;
     std::string stored;
     if (read_stored(who, bss, setting.key, &stored) != success)
@@ -203,7 +204,7 @@ Status read_setting(const char *who, const ClassList &setting, int index, int ac
 Status write_setting(const char *who, const ClassList &setting, int index, int ac, unsigned value) {
     Bss bss;
     log_set(who, index, value);
-    if (!is_class(who, ac) || find_bss(who, Reported::by_the_operation, index, &bss) != success)
+    if (!is_class(who, ac) || find_reported_bss(who, Reported::by_the_operation, index, &bss) != success)
         return failure;
     ClassNumbers numbers;
     if (read_numbers(bss.ifname.data(), setting.key.text, numbers) != success)

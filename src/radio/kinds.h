@@ -94,7 +94,7 @@ Status write_setting(const char *who, const ClassList &setting, int index, int a
 void log_get(const char *who, int index);
 void log_set(const char *who, int index, unsigned value);
 // The second answers -1 also for a BSS that lists have no field for.
-Status find_bss(const char *who, Reported bad_index, int index, Bss *ret_bss);
+Status find_reported_bss(const char *who, Reported bad_index, int index, Bss *ret_bss);
 Status find_listed_bss(const char *who, Reported bad_index, int index, Bss *ret_bss);
 // Whether the stored text begins with 1.
 Status read_switch(const char *who, const Bss &bss, const Key &key, bool *ret_is_on);

@@ -1,6 +1,7 @@
 #include "rpc/codec.h"
 
 #include <cstdlib>
+#include <limits>
 
 namespace {
 
@@ -50,7 +51,14 @@ bool bytes(XDR *x, unsigned &length, char *&data, unsigned most) {
 
 bool item(XDR *x, int &value) { return xdr_int(x, &value); }
 bool item(XDR *x, unsigned &value) { return xdr_u_int(x, &value); }
-bool item(XDR *x, unsigned short &value) { return xdr_u_short(x, &value); }
+// The library's own would cut a number that is too large, and so mean another VLAN.
+bool item(XDR *x, unsigned short &value) {
+    unsigned word = value;
+    if (!xdr_u_int(x, &word) || word > std::numeric_limits<unsigned short>::max())
+        return false;
+    value = static_cast<unsigned short>(word);
+    return true;
+}
 bool item(XDR *x, char &value) { return xdr_char(x, &value); }
 bool item(XDR *x, unsigned char &value) { return xdr_u_char(x, &value); }
 

@@ -8,8 +8,8 @@
 #include <type_traits>
 
 // One codec for each kind of item. Like the library's, each encodes, decodes or frees, by the stream's mode,
-// and is false on failure. Pointers
-// are null before a decode. What a failed decode had allocated is released by freeing the same object.
+// and is false on failure. Pointers are null before a decode. What a failed decode had allocated is released
+// by freeing the same object.
 
 bool item(XDR *x, int &value);
 bool item(XDR *x, unsigned &value);

@@ -385,6 +385,7 @@ inline constexpr Procedure protocol[] = {
     {243, "wlan_set_rad_stat_enable", record<wlan_set_rad_stat_enable_1_argument>(), Result::code},
     {244, "wlan_get_rssi_table", interface_index, Result::rssi_table},
     {245, "wlan_set_noise_floor_type", bare<int>("type"), Result::code},
+    // The accounting setters share the records of their counterparts; their own names for them mean the same.
     {246, "wlan_get_acct_server_address", interface_index, Result::text},
     {247, "wlan_set_acct_server_address", record<wlan_set_radius_server_address_1_argument>(), Result::code},
     {248, "wlan_get_acct_server_port", interface_index, Result::integer},

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cstdlib>
 #include <cstring>
-#include <vector>
 
 // Nothing can be said to a client without memory, so a result that finds none is sent empty.
 
@@ -11,23 +10,28 @@ void say_name(const char *who) { log_debug("[ZAV-API] %s  WLAN RPC server :\n", 
 
 void say_name_closely(const char *who) { log_debug("[ZAV-API] %s WLAN RPC server :\n", who); }
 
-void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> values) {
-    const std::size_t bytes = values.size_bytes();
+// As many elements as the values have bytes, all of them zero; nullptr without memory.
+static unsigned *allocate_numbers(wlan_config_result_data_t *result, std::size_t bytes) {
     auto &[length, numbers] = result->return_u_int;
     numbers = static_cast<unsigned *>(std::calloc(bytes, sizeof(unsigned)));
     length = numbers == nullptr ? 0 : static_cast<unsigned>(bytes);
-    if (numbers != nullptr)
-        std::copy(values.begin(), values.end(), numbers);
     result->return_data = {};
+    return numbers;
+}
+
+void fill_numbers(wlan_config_result_data_t *result, std::span<const unsigned> values) {
+    if (unsigned *numbers = allocate_numbers(result, values.size_bytes()); numbers != nullptr)
+        std::copy(values.begin(), values.end(), numbers);
 }
 
 void fill_wide_numbers(wlan_config_result_data_t *result, std::span<const std::int64_t> values) {
-    std::vector<unsigned> words;
+    unsigned *word = allocate_numbers(result, values.size_bytes());
+    if (word == nullptr)
+        return;
     for (const std::int64_t value : values) {
-        words.push_back(static_cast<unsigned>(value));
-        words.push_back(static_cast<unsigned>(value >> 32));
+        *word++ = static_cast<unsigned>(value);
+        *word++ = static_cast<unsigned>(value >> 32);
     }
-    fill_numbers(result, words);
 }
 
 void fill_text(wlan_config_result_data_t *result, const char *text) {

@@ -36,8 +36,9 @@ static std::string recoded(const std::string &bytes, std::size_t offset = 0) {
 
 TEST(Codec, WritesItemsInTheirOneForm) {
     EXPECT_EQ(recoded<wlan_set_enable_1_argument>(words({~0U, 5})), words({~0U, 1}));
-    EXPECT_EQ(recoded<wlan_associate_vlan_1_argument>(words({1, 0x61ffffff, 0x12345})),
-              words({1, 0x61000000, 0x2345}));
+    EXPECT_EQ(recoded<wlan_associate_vlan_1_argument>(words({1, 0x61ffffff, 0xffff})),
+              words({1, 0x61000000, 0xffff}));
+    EXPECT_EQ(recoded<wlan_associate_vlan_1_argument>(words({1, 0x61000000, 0x10000})), "failed");
     EXPECT_EQ(recoded<AirTimeStats>(words({1, 2, ~0U, 3})), words({1, 2, ~0U, 3}));
     const std::string longest = words({~0U, 1, 9, 8256}) + std::string(8256, 'd');
     EXPECT_EQ(recoded<wlan_config_result_data_t>(longest), longest);

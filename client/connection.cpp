@@ -41,9 +41,10 @@ Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
     if (Error error = exchange(request, message(question), message(port)))
         return error;
     if (port == 0)
-        return {
-            Trouble::unreachable,
-            fmt::format("the portmapper of {} knows no wlan-configd: it is not running", connection.host)};
+        return {Trouble::unreachable,
+                fmt::format("the portmapper of {} knows no wlan-configd: it is not running, "
+                            "or the portmapper was restarted after it",
+                            connection.host)};
     if (port > 0xFFFF)
         return {Trouble::protocol, fmt::format("the portmapper names port {}", port)};
     ret_address.sin_port = htons(static_cast<std::uint16_t>(port));

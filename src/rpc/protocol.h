@@ -407,7 +407,7 @@ constexpr const Procedure *find_procedure(std::string_view name) {
 // A number that stands in the wrong place shows in the name of this type in the compiler's message.
 template <unsigned number>
 struct NumberOutOfOrderOrUnassigned {
-    static constexpr bool is_none = number == 0;
+    static_assert(number == 0);
 };
 
 consteval unsigned first_wrong_number() {
@@ -420,4 +420,4 @@ consteval unsigned first_wrong_number() {
     }
     return 0;
 }
-static_assert(NumberOutOfOrderOrUnassigned<first_wrong_number()>::is_none);
+static_assert(sizeof(NumberOutOfOrderOrUnassigned<first_wrong_number()>) != 0);

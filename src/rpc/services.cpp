@@ -281,7 +281,7 @@ constexpr bool fits(const Procedure &row, int (*)(Parameters...)) {
 
 template <unsigned number>
 struct ServiceDoesNotFitProtocol {
-    static constexpr bool is_none = number == 0;
+    static_assert(number == 0);
 };
 
 consteval unsigned first_misfit() {
@@ -294,7 +294,7 @@ consteval unsigned first_misfit() {
     }
     return std::size(services) == std::size(protocol) ? 0 : services[std::size(protocol)].number;
 }
-static_assert(ServiceDoesNotFitProtocol<first_misfit()>::is_none);
+static_assert(sizeof(ServiceDoesNotFitProtocol<first_misfit()>) != 0);
 
 } // namespace
 

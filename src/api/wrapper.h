@@ -4,8 +4,6 @@
 #include "backend/log.h"
 #include "backend/status.h"
 
-#include <array>
-#include <cstdio>
 #include <span>
 
 // The forms of an API operation: entry line, backend operation, then one error line or the success line.
@@ -37,9 +35,7 @@ inline void log_entry(const char *who, int index, Entry entry = Entry::named) {
 template <class... Values>
 void log_entry_with(const char *who, int index, const Line<Values...> &line,
                     std::type_identity_t<Values>... values) {
-    std::array<char, 96> rest;
-    std::snprintf(rest.data(), rest.size(), " %s int index=%d ", who, index);
-    log_checked_after(who, rest.data(), line.text, values...);
+    log_checked_entry(who, index, line.text, values...);
 }
 
 // For operations that say nothing of a success.

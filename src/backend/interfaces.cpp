@@ -7,7 +7,7 @@
 #include "backend/text.h"
 
 #include <algorithm>
-#include <cstdio>
+#include <charconv>
 #include <cstdlib>
 #include <mutex>
 
@@ -49,8 +49,10 @@ Status find_position(int index, Position *ret_position, const char *who = nullpt
 }
 
 void write_name(const Position &position, InterfaceName *ret_name) {
-    *ret_name = {};
-    std::snprintf(ret_name->data(), ret_name->size(), position.is_24g ? "zvi0%u" : "zv0%u",
+    const std::string_view beginning = position.is_24g ? "zvi0" : "zv0";
+    *ret_name = {}; // the whole name travels to the driver
+    std::copy(beginning.begin(), beginning.end(), ret_name->begin());
+    std::to_chars(ret_name->data() + beginning.size(), ret_name->data() + ret_name->size() - 1,
                   position.number - 1);
 }
 

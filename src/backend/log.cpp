@@ -41,3 +41,15 @@ void log_checked_after(const char *who, const char *rest, const char *format, ..
     funlockfile(stdout);
     va_end(values);
 }
+
+void log_checked_entry(const char *who, int index, const char *format, ...) {
+    if (!debug_enabled())
+        return;
+    va_list values;
+    va_start(values, format);
+    flockfile(stdout);
+    std::printf("[ZAV-API] %s %s int index=%d ", who, who, index);
+    std::vprintf(format, values);
+    funlockfile(stdout);
+    va_end(values);
+}

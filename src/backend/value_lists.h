@@ -17,7 +17,8 @@ void parse_numbers(const char *list, std::span<int> ret_numbers);
 Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers);
 Status write_numbers(const char *ifname, const char *key, std::span<const int> numbers);
 
-// The number of one BSS.
+// The number of one BSS. Writing makes the list one of numbers: what stands behind a field that is none
+// becomes 0.
 Status read_list_number(const char *ifname, const char *key, unsigned bss, int *ret_value);
 Status write_list_number(const char *ifname, const char *key, unsigned bss, int value);
 // Writes nothing, not even a short list in full, where the field holds the value already: 2.

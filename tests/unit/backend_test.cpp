@@ -21,6 +21,13 @@
 
 static void write_file(const char *name, const std::string &text) { std::ofstream(name) << text; }
 
+static std::string join(std::initializer_list<std::string_view> pieces) {
+    std::string text;
+    for (const std::string_view piece : pieces)
+        text += piece;
+    return text;
+}
+
 static std::string read_text(const char *name) {
     std::string text;
     std::getline(std::ifstream(name), text, '\0');
@@ -268,12 +275,12 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
     for (const auto &[vlan, before, after, above] : rows)
         for (std::size_t length = 16320; length < 16390; ++length) {
             SCOPED_TRACE(before + std::to_string(length));
-            const std::string head(length - before.size() - 1, '#');
-            const std::size_t longest = std::max(length, head.size() + 1 + after.size() + above);
+            const std::string head = std::string(length - before.size() - 1, '#') + '\n';
+            const std::size_t longest = std::max(length, head.size() + after.size() + above);
             if (longest < 16384)
-                associate(vlan, head + '\n' + before, success, head + '\n' + after);
+                associate(vlan, head + before, success, head + after);
             else
-                associate(vlan, head + '\n' + before, failure, head + '\n' + before,
+                associate(vlan, head + before, failure, head + before,
                           "settings file would pass 16383 bytes");
         }
 }
@@ -317,8 +324,8 @@ TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
         pipes_fail = false;
         EXPECT_EQ(ZAV_Init(), failure) << "is no second one";
         EXPECT_EQ(read_text("log"),
-                  script + "init " + init + "\n" + (probe.empty() ? "" : "tool ifconfig\n") + off + script +
-                      "addvlans " + vlans + " no_ipv6\n" + script + "rtdot1xd " + vlans + "\n");
+                  join({script, "init ", init, "\n", probe.empty() ? "" : "tool ifconfig\n", off, script,
+                        "addvlans ", vlans, " no_ipv6\n", script, "rtdot1xd ", vlans, "\n"}));
     }
     std::remove("faults/tool.ifconfig.answer");
 }

@@ -12,7 +12,7 @@ bool debug_enabled();
 [[gnu::format(printf, 1, 2)]] void log_debug(const char *format, ...);
 [[gnu::format(printf, 1, 2)]] void log_error(const char *format, ...);
 
-// Debug lines whose conversions were checked where they were written (see Line), behind "[ZAV-API] ", `who` and
-// `rest`, or behind "[ZAV-API] ", `who` twice and the index.
+// Debug lines whose conversions were checked where they were written (see Line), behind "[ZAV-API] ", `who`
+// and `rest`, or behind "[ZAV-API] ", `who` twice and the index.
 void log_checked_after(const char *who, const char *rest, const char *format, ...);
 void log_checked_entry(const char *who, int index, const char *format, ...);

@@ -26,7 +26,7 @@ constexpr std::size_t stack_size = 32768;
 bool start_worker(pthread_t *ret_thread, void *(*body)(void *), void *argument) {
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
-    pthread_attr_setstacksize(&attributes, std::max<std::size_t>(stack_size, PTHREAD_STACK_MIN));
+    pthread_attr_setstacksize(&attributes, std::max(stack_size, static_cast<std::size_t>(PTHREAD_STACK_MIN)));
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
     const int error = pthread_create(ret_thread, &attributes, body, argument);
     pthread_attr_destroy(&attributes);

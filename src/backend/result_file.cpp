@@ -3,8 +3,10 @@
 #include "backend/log.h"
 #include "backend/text.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
+#include <climits>
 #include <cstdio>
 #include <cstring>
 #include <memory>
@@ -19,7 +21,8 @@ Status read_first_line(const char *who, const char *path, std::span<char> ret_li
         return failure;
     }
     errno = 0;
-    if (std::fgets(ret_line.data(), static_cast<int>(ret_line.size()), file.get()) == nullptr) {
+    const auto room = static_cast<int>(std::min<std::size_t>(ret_line.size(), INT_MAX));
+    if (std::fgets(ret_line.data(), room, file.get()) == nullptr) {
         log_error("[ZAV-API] Error %s fgets failed %s (%d).\n", who, strerror(errno), errno);
         return failure;
     }

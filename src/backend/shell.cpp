@@ -10,6 +10,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
+#include <optional>
 #include <spawn.h>
 #include <string>
 #include <sys/wait.h>
@@ -74,6 +75,23 @@ int run(const char *command, std::unique_lock<std::mutex> held = {}) {
     return child < 0 ? -1 : wait_for(child);
 }
 
+// As much of a line as fits, its line feed included.
+constexpr int longest_piece = 256;
+struct Piece {
+    std::array<char, longest_piece> text;
+    std::size_t length;
+};
+
+// A zero byte is a byte of the line like any other: the fill tells where the text ends, not the first zero.
+std::optional<Piece> next_piece(FILE *output) {
+    Piece piece{};
+    piece.text.fill('\n');
+    if (std::fgets(piece.text.data(), longest_piece, output) == nullptr)
+        return std::nullopt;
+    piece.length = std::string_view(piece.text.data(), piece.text.size()).find_last_not_of('\n');
+    return piece;
+}
+
 } // namespace
 
 Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held) {
@@ -109,13 +127,14 @@ Status read_command(const char *command, const std::function<void(std::string_vi
         (void)reading.release(); // the stream closes it
     else
         (void)reading.close(); // so that the command does not wait for a reader
-    std::array<char, 256> piece;
-    bool begins = true;
-    while (output && std::fgets(piece.data(), static_cast<int>(piece.size()), output.get()) != nullptr) {
-        const std::size_t length = std::strcspn(piece.data(), "\n");
+    for (bool begins = true; output;) {
+        const auto piece = next_piece(output.get());
+        if (!piece)
+            break;
+        const std::string_view text(piece->text.data(), piece->length);
         if (begins)
-            take_line(std::string_view(piece.data(), length));
-        begins = piece.at(length) == '\n';
+            take_line(text.substr(0, text.find('\n')));
+        begins = text.ends_with('\n');
     }
     const bool is_whole = output && std::ferror(output.get()) == 0;
     output.reset(); // before the wait: the command may still write

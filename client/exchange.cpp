@@ -67,8 +67,8 @@ Error encode_call(const Request &request, Message arguments, std::span<char> buf
 
 Error decode_reply(const Request &request, std::span<char> bytes, Message result) {
     rpc_msg reply{};
-    reply.acpted_rply.ar_results.where = reinterpret_cast<caddr_t>(&result);
-    reply.acpted_rply.ar_results.proc = reinterpret_cast<xdrproc_t>(code_message);
+    reply.acpted_rply.ar_results.where = static_cast<char *>(static_cast<void *>(&result));
+    reply.acpted_rply.ar_results.proc = code_message;
     XDR stream{};
     xdrmem_create(&stream, bytes.data(), static_cast<unsigned>(bytes.size()), XDR_DECODE);
     std::array<char, MAX_AUTH_BYTES> verifier; // given, so that none is allocated and left

@@ -35,13 +35,6 @@ unsigned mask_for(int bss_count) {
     return 0;
 }
 
-Status read_number(const InterfaceName &ifname, const char *key, int *ret_value) {
-    std::array<char, 16> text;
-    if (nvram_get_str(ifname.data(), key, text) != success || !scan_number(text.data(), ret_value))
-        return failure;
-    return success;
-}
-
 // Six pairs of hexadecimal digits; what stands behind them does not matter.
 bool scan_address(const char *text, std::array<unsigned, 6> *ret_octets) {
     for (unsigned &octet : *ret_octets) {
@@ -136,9 +129,9 @@ Status ZAV_GetBSSID(int index, std::span<char> ret_bssid) {
         return failure;
     int rule = -1, bss_count = 0;
     copy_text(ret_bssid, "");
-    (void)read_number(ifname, "MbssidByLAM", &rule);
+    (void)nvram_get_int(ifname.data(), "MbssidByLAM", &rule);
     (void)nvram_get_str(ifname.data(), "WL_MACADDR0", ret_bssid);
-    (void)read_number(ifname, "BssidNum", &bss_count);
+    (void)nvram_get_int(ifname.data(), "BssidNum", &bss_count);
     if (bss > 1 && derive_bssid(__func__, rule, bss_count, bss, ret_bssid) != success) {
         copy_text(ret_bssid, "");
         return failure;

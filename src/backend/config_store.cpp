@@ -186,6 +186,13 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
     return success;
 }
 
+Status nvram_get_int(const char *ifname, const char *key, int *ret_value) {
+    std::array<char, 64> text;
+    if (nvram_get_str(ifname, key, text) != success || !scan_number(text.data(), ret_value))
+        return failure;
+    return success;
+}
+
 Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value) {
     ret_value->assign(settings_file_limit, '\0'); // on the heap: a worker's stack is small
     const Status result = nvram_get_str(ifname, key, *ret_value);
@@ -246,10 +253,9 @@ bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting
 
 unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value) {
     InterfaceName ifname;
-    std::array<char, 64> text;
     int value = 0;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success ||
-        nvram_get_str(ifname.data(), key, text) != success || !scan_number(text.data(), &value))
+        nvram_get_int(ifname.data(), key, &value) != success)
         return default_value;
     return static_cast<unsigned>(value);
 }

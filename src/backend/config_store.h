@@ -27,6 +27,9 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
 // The same, of any length; empty after a failed read.
 Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value);
 
+// The number at the start of the value; -1 and nothing written also where there is none.
+Status nvram_get_int(const char *ifname, const char *key, int *ret_value);
+
 // 0 written, 2 the stored value is already equal, -1 failure. An absent key is appended. Refused with an
 // error line: a key or value that the format cannot hold, a file that is or would become 16384 bytes or
 // longer, any write while /tmp/nvram_set_lock exists. A full disk or an I/O error leaves the old text.

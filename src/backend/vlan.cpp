@@ -4,7 +4,6 @@
 #include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/shell.h"
-#include "backend/text.h"
 
 #include <array>
 #include <span>
@@ -18,10 +17,8 @@ constexpr int collecting_vlan = 4095; // its slot gathers interfaces, and its po
 std::string slot_key(unsigned slot, const char *rest = "") { return "VlanId" + std::to_string(slot) + rest; }
 
 int stored_vlan(unsigned slot) {
-    std::array<char, 16> text;
-    int vlan = 0;
-    if (nvram_get_str(vlan_store, slot_key(slot).c_str(), text) == success)
-        (void)scan_number(text.data(), &vlan);
+    int vlan = 0; // also of a slot that is not there
+    (void)nvram_get_int(vlan_store, slot_key(slot).c_str(), &vlan);
     return vlan;
 }
 

@@ -4,6 +4,7 @@
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
 #include "backend/log.h"
+#include "backend/mac.h"
 #include "backend/text.h"
 #include "security/access_list_text.h"
 
@@ -21,7 +22,6 @@ constexpr std::size_t longest_name = 30;
 constexpr std::size_t longest_listing = 3199;
 
 using Key = std::array<char, 32>;
-using MacText = std::array<char, mac_length + 1>;
 
 // The keys of a BSS.
 struct Place {

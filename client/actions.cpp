@@ -1,6 +1,6 @@
-#include "commands.h"
+#include "client/commands.h"
 
-#include "exchange.h"
+#include "client/exchange.h"
 
 #include <algorithm>
 #include <array>

@@ -1,6 +1,6 @@
-#include "commands.h"
+#include "client/commands.h"
 
-#include "values.h"
+#include "client/values.h"
 
 #include <algorithm>
 #include <cctype>
@@ -19,7 +19,7 @@ std::size_t distance(std::string_view from, std::string_view to) {
     std::iota(row.begin(), row.end(), std::size_t{0});
     for (const char letter : from) {
         std::size_t diagonal = row[0]++;
-        for (std::size_t j = 0; j < to.size(); j++) {
+        for (std::size_t j = 0; j < to.size(); ++j) {
             const std::size_t replaced = diagonal + (letter == to[j] ? 0 : 1);
             diagonal = row[j + 1];
             row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
@@ -41,7 +41,7 @@ Error unknown(std::string_view prefix, std::string_view name) {
     std::stable_sort(near.begin(), near.end(), [](auto &a, auto &b) { return a.first < b.first; });
     near.resize(std::min(near.size(), most_suggestions));
     std::string message = fmt::format("no procedure '{}{}'", prefix, name);
-    for (std::size_t i = 0; i < near.size(); i++)
+    for (std::size_t i = 0; i < near.size(); ++i)
         message += fmt::format("{}{}", i == 0 ? "; did you mean " : ", ", near[i].second);
     return {Trouble::usage, message + (near.empty() ? " (see wlanctl list)" : "?")};
 }
@@ -63,7 +63,7 @@ Error ask_index(Connection &connection, const std::string &interface, Value &ret
     if (answer.code < 0)
         return {Trouble::protocol, "the daemon does not tell how many interfaces it has"};
     const std::int64_t last = std::min(answer.numbers.at(0), most_interfaces);
-    for (std::int64_t index = 1; index <= last; index++) {
+    for (std::int64_t index = 1; index <= last; ++index) {
         Values arguments{{{Kind::integer, index}}};
         if (Error error = call(connection, *name, arguments, answer))
             return error;
@@ -105,7 +105,7 @@ Error take_arguments(Connection &connection, const Procedure &procedure,
         return is_interface_index(procedure.arguments.fields[i]) && looks_like_interface(given[i]);
     };
     unsigned from_standard_input = 0;
-    for (std::size_t i = 0; i < given.size(); i++) {
+    for (std::size_t i = 0; i < given.size(); ++i) {
         const Argument &argument = procedure.arguments.fields[i];
         if (given[i] == "-" && argument.kind == Kind::text && ++from_standard_input > 1)
             return {Trouble::usage, fmt::format("argument '{}': standard input is taken", argument.name)};
@@ -113,7 +113,7 @@ Error take_arguments(Connection &connection, const Procedure &procedure,
             if (Error error = parse_value(argument, given[i], ret_arguments.list[i]))
                 return error;
     }
-    for (std::size_t i = 0; i < given.size(); i++)
+    for (std::size_t i = 0; i < given.size(); ++i)
         if (named(i))
             if (Error error = ask_index(connection, given[i], ret_arguments.list[i]))
                 return error;

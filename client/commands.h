@@ -1,8 +1,8 @@
 #pragma once
 
-#include "connection.h"
-#include "error.h"
-#include "output.h"
+#include "client/connection.h"
+#include "client/error.h"
+#include "client/output.h"
 
 #include <string>
 #include <vector>

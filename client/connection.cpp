@@ -1,6 +1,6 @@
-#include "connection.h"
+#include "client/connection.h"
 
-#include "exchange.h"
+#include "client/exchange.h"
 #include "rpc/codec.h"
 
 #include <algorithm>
@@ -63,53 +63,19 @@ Error locate(Connection &connection) {
     return {};
 }
 
-// What the result record must hold for a kind of result.
-struct Holds {
-    Result kind;
-    unsigned words;    // numbers
-    std::size_t bytes; // of a record
-};
-constexpr Holds held[] = {
-    {Result::integer, 1, 0},
-    {Result::unsigned_integer, 1, 0},
-    {Result::port_and_index, 2, 0},
-    {Result::basic_stats, 5, 0},
-    {Result::stats, 16, 0},
-    {Result::channel_statistics, 3, 0},
-    {Result::noise_floor, 4, 0},
-    {Result::packet_count, 2, 0},
-    {Result::rssi_table, 74, 0},
-    {Result::device, 0, sizeof(wlan_device_t)},
-    {Result::device_table, 0, sizeof(wlan_assoc_devices_table)},
-    {Result::scan_result, 0, sizeof(scan_table)},
-    {Result::air_time_stats, 0, sizeof(AirTimeStats)},
-    {Result::frames_in_queue, 0, sizeof(FramesInQueueData)},
-    {Result::rate_data, 0, sizeof(RateData)},
-    {Result::air_time_information, 0, sizeof(BSSAirTimeManagementInfo)},
-};
-
-bool is_signed(Result kind) { return kind == Result::integer || kind == Result::noise_floor; }
-
-Error take_value(const wlan_config_result_data_t &result, Result kind, Answer &ret_answer) {
+Error take_value(const wlan_config_result_data_t &result, const Procedure &procedure, Answer &ret_answer) {
     const auto &[count, numbers] = result.return_u_int;
     const auto &[length, bytes] = result.return_data;
-    Error lacking{Trouble::protocol, "the reply of the daemon lacks the value"};
-    if (is_text(kind)) {
-        if (length == 0)
-            return lacking;
-        ret_answer.text.assign(bytes, strnlen(bytes, length));
-        return {};
-    }
-    for (const Holds &holds : held) {
-        if (holds.kind != kind)
-            continue;
-        if (count < holds.words || (holds.bytes != 0 && length != holds.bytes))
-            return lacking;
-        for (unsigned i = 0; i < holds.words; i++)
-            ret_answer.numbers.push_back(is_signed(kind) ? std::int64_t{static_cast<int>(numbers[i])}
-                                                         : numbers[i]);
-        ret_answer.text.assign(bytes, holds.bytes);
-    }
+    const Result kind = procedure.result;
+    const bool image = kind == Result::image, text = kind == Result::text;
+    const std::size_t words = image || text || kind == Result::none ? 0 : procedure.size / sizeof *numbers;
+    if (count < words || (image && length != procedure.size) || (text && length == 0))
+        return {Trouble::protocol, "the reply of the daemon lacks the value"};
+    for (std::size_t i = 0; i < words; ++i)
+        ret_answer.numbers.push_back(kind == Result::integer ? std::int64_t{static_cast<int>(numbers[i])}
+                                                             : numbers[i]);
+    if (image || text)
+        ret_answer.text.assign(bytes, image ? length : strnlen(bytes, length));
     return {};
 }
 
@@ -130,7 +96,7 @@ Error call_once(const Connection &connection, const Procedure &procedure, Values
     Error error = exchange(request, message(arguments), whole);
     ret_answer = {.code = result.return_code};
     if (!error && ret_answer.code >= 0)
-        error = take_value(result, procedure.result, ret_answer);
+        error = take_value(result, procedure, ret_answer);
     xdr_free(code_message, &whole);
     return error;
 }

@@ -1,8 +1,8 @@
 #pragma once
 
-#include "error.h"
+#include "client/error.h"
+#include "client/values.h"
 #include "rpc/protocol.h"
-#include "values.h"
 
 #include <cstdint>
 #include <functional>

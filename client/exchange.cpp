@@ -1,4 +1,4 @@
-#include "exchange.h"
+#include "client/exchange.h"
 
 #include "rpc/protocol.h"
 

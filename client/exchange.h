@@ -1,6 +1,6 @@
 #pragma once
 
-#include "error.h"
+#include "client/error.h"
 #include "rpc/codec.h"
 
 #include <chrono>

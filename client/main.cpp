@@ -1,4 +1,4 @@
-#include "commands.h"
+#include "client/commands.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>

@@ -1,8 +1,8 @@
-#include "output.h"
+#include "client/output.h"
 
-#include "fields.h"
-#include "text.h"
-#include "values.h"
+#include "client/fields.h"
+#include "client/text.h"
+#include "client/values.h"
 
 #include <algorithm>
 #include <cctype>
@@ -60,37 +60,18 @@ void print_table(const Row &heading, const std::vector<Row> &rows) {
         scols_table_new_column(table.get(), column.c_str(), 0, 0);
     for (const Row &row : rows) {
         libscols_line *line = scols_table_new_line(table.get(), nullptr);
-        for (std::size_t i = 0; line != nullptr && i < row.size(); i++)
+        for (std::size_t i = 0; line != nullptr && i < row.size(); ++i)
             scols_line_set_data(line, i, row[i].c_str());
     }
     scols_print_table(table.get());
 }
 
-constexpr const char *result_names[] = {
-    "none",
-    "none",
-    "int",
-    "unsigned",
-    "text",
-    "secret text",
-    "port and index",
-    "basic statistics",
-    "statistics",
-    "channel statistics",
-    "noise floor",
-    "packet count",
-    "RSSI table",
-    "station",
-    "stations",
-    "neighbours",
-    "air-time statistics",
-    "frames in queue",
-    "rate data",
-    "air-time information",
-};
-static_assert(std::size(result_names) == static_cast<std::size_t>(Result::air_time_information) + 1);
-
-const char *result_name(Result result) { return result_names[static_cast<std::size_t>(result)]; }
+// What a procedure answers.
+std::string result_name(const Procedure &procedure) {
+    constexpr const char *names[] = {"code", "none", "int", "unsigned", "text", "numbers", "record"};
+    const std::string name = names[static_cast<std::size_t>(procedure.result)];
+    return procedure.is_secret ? "secret " + name : name;
+}
 
 Json procedure_json(const Procedure &procedure) {
     Json arguments = Json::array();
@@ -99,7 +80,7 @@ Json procedure_json(const Procedure &procedure) {
     return {{"number", procedure.number},
             {"name", procedure.name},
             {"arguments", arguments},
-            {"result", result_name(procedure.result)}};
+            {"result", result_name(procedure)}};
 }
 
 std::string arguments_line(const Procedure &procedure) {
@@ -126,7 +107,14 @@ bool has_value(const Procedure &procedure) {
 
 bool is_masked(const Output &output, const Procedure &procedure) {
     const bool bare = output.raw && !output.json;
-    return procedure.result == Result::secret_text && !output.show_secrets && !bare;
+    return procedure.is_secret && !output.show_secrets && !bare;
+}
+
+// What people read of a field's name.
+std::string title_of(const Field &field) {
+    std::string title = *field.speaking == '\0' ? field.name : field.speaking;
+    std::replace(title.begin(), title.end(), '_', ' ');
+    return title;
 }
 
 Json place_json(const Field &field, std::string_view place) {
@@ -141,7 +129,7 @@ Json place_json(const Field &field, std::string_view place) {
 void add_fields(Json &object, std::span<const Field> fields, std::string_view whole) {
     for (const Field &field : fields) {
         Json values = Json::array();
-        for (std::size_t i = 0; i < places_of(fields, field, whole); i++) {
+        for (std::size_t i = 0; i < places_of(fields, field, whole); ++i) {
             const std::string_view place = place_of(field, i, whole);
             values.push_back(field.fields.empty() ? place_json(field, place) : Json::object());
             if (!field.fields.empty())
@@ -150,6 +138,8 @@ void add_fields(Json &object, std::span<const Field> fields, std::string_view wh
                 object[fmt::format("{}_hex", field.name)] = hexadecimal(text);
         }
         object[field.name] = field.places == 1 ? values.at(0) : values;
+        if (*field.speaking != '\0')
+            object[field.speaking] = object[field.name];
     }
 }
 
@@ -157,11 +147,11 @@ void add_value(Json &object, const Output &output, const Procedure &procedure, c
     if (is_masked(output, procedure)) {
         object["value"] = nullptr;
         object["masked"] = true;
-    } else if (is_text(procedure.result)) {
+    } else if (procedure.result == Result::text) {
         object["value"] = answer.text;
         if (!is_utf8(answer.text))
             object["value_hex"] = hexadecimal(answer.text);
-    } else if (const auto fields = fields_of(procedure.result); !fields.empty()) {
+    } else if (const auto fields = knowledge_of(procedure).fields; !fields.empty()) {
         add_fields(object["value"] = Json::object(), fields, image_of(answer));
     } else {
         object["value"] = answer.numbers.at(0);
@@ -193,13 +183,13 @@ std::string upper_case(std::string_view text) {
 void print_record_table(std::span<const Field> fields, const Field &records, std::string_view whole) {
     Row heading;
     for (const Field &field : records.fields)
-        if (field.column)
-            heading.push_back(upper_case(field.heading == nullptr ? field.name : field.heading) +
+        if (field.shown == Shown::everywhere)
+            heading.push_back(upper_case(title_of(field)) +
                               (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
     std::vector<Row> rows(places_of(fields, records, whole));
-    for (std::size_t i = 0; i < rows.size(); i++)
+    for (std::size_t i = 0; i < rows.size(); ++i)
         for (const Field &field : records.fields)
-            if (field.column)
+            if (field.shown == Shown::everywhere)
                 rows[i].push_back(
                     shown_on(stdout, value_in(field, place_of(field, 0, place_of(records, i, whole)))));
     print_table(heading, rows);
@@ -213,12 +203,14 @@ void print_line(const Output &output, std::string_view name, const std::string &
 void print_fields(const Output &output, std::span<const Field> fields, std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
+        if (field.shown == Shown::only_in_json)
+            continue;
         if (!field.fields.empty()) {
             print_record_table(fields, field, whole);
             continue;
         }
         Row values;
-        for (std::size_t i = 0; i < field.places; i++)
+        for (std::size_t i = 0; i < field.places; ++i)
             values.push_back(shown_on(stdout, value_in(field, place_of(field, i, whole))));
         const bool unit = !output.raw && *field.unit != '\0';
         print_line(output, field.name,
@@ -227,9 +219,10 @@ void print_fields(const Output &output, std::span<const Field> fields, std::stri
 }
 
 void print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
-    if (const auto fields = fields_of(procedure.result); !fields.empty())
+    if (const auto fields = knowledge_of(procedure).fields; !fields.empty())
         return print_fields(output, fields, image_of(answer));
-    std::string value = is_text(procedure.result) ? answer.text : fmt::format("{}", answer.numbers.at(0));
+    std::string value =
+        procedure.result == Result::text ? answer.text : fmt::format("{}", answer.numbers.at(0));
     if (is_masked(output, procedure))
         value = "(hidden: --show-secrets shows it)";
     else if (!output.raw || is_terminal(stdout))
@@ -252,7 +245,7 @@ void print_procedures(const Output &output, const std::vector<const Procedure *>
     for (const Procedure *procedure : procedures) {
         list.push_back(procedure_json(*procedure));
         rows.push_back({fmt::format("{}", procedure->number), std::string{procedure->name},
-                        arguments_line(*procedure), result_name(procedure->result)});
+                        arguments_line(*procedure), result_name(*procedure)});
     }
     if (output.json)
         print_json({{"procedures", list}});
@@ -267,7 +260,7 @@ void print_procedure(const Output &output, const Procedure &procedure) {
     for (const Argument &argument : procedure.arguments)
         fmt::print("argument {}: {}{}\n", argument.name, accepted_values(argument.kind),
                    is_interface_index(argument) ? ", or an interface name such as zvi01" : "");
-    fmt::print("result: {}\n", result_name(procedure.result));
+    fmt::print("result: {}\n", result_name(procedure));
 }
 
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer) {
@@ -286,7 +279,7 @@ int print_records(const Output &output, const std::vector<std::pair<const Proced
     Json value = Json::object();
     for (const auto &[procedure, answer] : answers)
         if (output.json)
-            add_fields(value, fields_of(procedure->result), image_of(answer));
+            add_fields(value, knowledge_of(*procedure).fields, image_of(answer));
         else
             print_value(output, *procedure, answer);
     if (output.json)

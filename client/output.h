@@ -1,7 +1,7 @@
 #pragma once
 
-#include "connection.h"
-#include "error.h"
+#include "client/connection.h"
+#include "client/error.h"
 #include "rpc/protocol.h"
 
 #include <utility>

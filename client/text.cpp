@@ -1,4 +1,4 @@
-#include "text.h"
+#include "client/text.h"
 
 #include <algorithm>
 #include <fmt/format.h>
@@ -26,7 +26,7 @@ Character first_character(std::string_view text) {
         if ((octet(0) & mask) != lead || text.size() < length)
             continue;
         char32_t code = static_cast<unsigned char>(octet(0) & ~mask);
-        for (std::size_t i = 1; i < length; i++) {
+        for (std::size_t i = 1; i < length; ++i) {
             if ((octet(i) & 0xC0) != 0x80)
                 return {0, 0};
             code = code << 6 | (octet(i) & 0x3FU);

@@ -1,4 +1,4 @@
-#include "values.h"
+#include "client/values.h"
 
 #include <array>
 #include <cerrno>

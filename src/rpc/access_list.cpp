@@ -27,7 +27,8 @@ int wlan_set_mac_address_control_delete_1_svc(int index, const char *mac, wlan_c
 }
 
 int wlan_get_mac_address_control_list_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<3200>(__func__, wlan_getMacAddressControlList, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_mac_address_control_list>(
+        __func__, wlan_getMacAddressControlList, "[name %s]\n", index, result);
 }
 
 int wlan_get_mac_address_control_count_1_svc(int index, wlan_config_result_data_t *result) {

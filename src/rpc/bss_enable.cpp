@@ -16,7 +16,8 @@ int wlan_set_restore_defaults_1_svc(int index, wlan_config_return_code_e *result
 }
 
 int wlan_get_custom_ssid_str_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<33>(__func__, wlan_getCustomSSIDStr, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_custom_ssid_str>(__func__, wlan_getCustomSSIDStr,
+                                                                 "[name %s]\n", index, result);
 }
 
 int wlan_set_custom_ssid_str_1_svc(int index, const char *value, wlan_config_return_code_e *result) {

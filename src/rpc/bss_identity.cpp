@@ -21,17 +21,18 @@ int wlan_associate_vlan_1_svc(const char *bssid, unsigned short vlan, wlan_confi
 
 // The code of the operation is not told: a status that cannot be had is an empty text.
 int wlan_get_status_1_svc(int index, wlan_config_result_data_t *result) {
-    const int reply = get_text<9>(__func__, wlan_getStatus, "[status %s]\n", index, result);
+    const int reply =
+        get_text<text_size::wlan_get_status>(__func__, wlan_getStatus, "[status %s]\n", index, result);
     result->return_code = code_of(success);
     return reply;
 }
 
 int wlan_get_bssid_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<19>(__func__, wlan_getBSSID, "[bssid %s]\n", index, result);
+    return get_text<text_size::wlan_get_bssid>(__func__, wlan_getBSSID, "[bssid %s]\n", index, result);
 }
 
 int wlan_get_ssid_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<33>(__func__, wlan_getSSID, "[ssid %s]\n", index, result);
+    return get_text<text_size::wlan_get_ssid>(__func__, wlan_getSSID, "[ssid %s]\n", index, result);
 }
 
 int wlan_set_ssid_1_svc(int index, const char *value, wlan_config_return_code_e *result) {

@@ -20,7 +20,8 @@ int wlan_set_auto_channel_enable_1_svc(int index, bool value, wlan_config_return
 }
 
 int wlan_get_possible_channels_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<1024>(__func__, wlan_getPossibleChannels, "[channels %s]\n", index, result);
+    return get_text<text_size::wlan_get_possible_channels>(__func__, wlan_getPossibleChannels,
+                                                           "[channels %s]\n", index, result);
 }
 
 int wlan_get_ieee80211h_enable_1_svc(int index, wlan_config_result_data_t *result) {

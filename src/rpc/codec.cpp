@@ -1,11 +1,11 @@
 #include "rpc/codec.h"
 
+#include "rpc/protocol.h"
+
 #include <cstdlib>
 #include <limits>
 
 namespace {
-
-constexpr unsigned most_return_data = 8256;
 
 // The library's arrays and byte strings take their bytes with the same length rules; these two add only that
 // nothing is allocated for more than the stream still holds.
@@ -101,7 +101,7 @@ bool item(XDR *x, wlan_config_result_data_t &result) {
     auto &[numbers_len, numbers] = result.return_u_int;
     auto &[data_len, data] = result.return_data;
     return item(x, result.return_code) && array(x, numbers_len, numbers) &&
-           bytes(x, data_len, data, most_return_data);
+           bytes(x, data_len, data, longest_return_data);
 }
 
 bool item(XDR *x, wlan_device_result_data_t &result) {

@@ -11,7 +11,7 @@ int wlan_get_number_of_entries_1_svc(wlan_config_result_data_t *result) {
 }
 
 int wlan_get_name_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<16>(__func__, wlan_getName, "[name %s]\n", index, result);
+    return get_text<text_size::wlan_get_name>(__func__, wlan_getName, "[name %s]\n", index, result);
 }
 
 // The two below answer with a number that means nothing.

@@ -12,7 +12,8 @@ int wlan_set_wep_key_index_1_svc(int index, unsigned value, wlan_config_return_c
 }
 
 int wlan_get_wep_key_passphrase_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<63>(__func__, wlan_getWepKeyPassphrase, "[passphrase %s]\n", index, result);
+    return get_text<text_size::wlan_get_wep_key_passphrase>(__func__, wlan_getWepKeyPassphrase,
+                                                            "[passphrase %s]\n", index, result);
 }
 
 int wlan_set_wep_key_passphrase_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -20,7 +21,8 @@ int wlan_set_wep_key_passphrase_1_svc(int index, const char *value, wlan_config_
 }
 
 int wlan_get_encryption_level_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<20>(__func__, wlan_getWepEncryptionLevel, "[encryption_level %s]\n", index, result);
+    return get_text<text_size::wlan_get_encryption_level>(__func__, wlan_getWepEncryptionLevel,
+                                                          "[encryption_level %s]\n", index, result);
 }
 
 int wlan_set_wep_encryption_level_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -28,7 +30,8 @@ int wlan_set_wep_encryption_level_1_svc(int index, const char *value, wlan_confi
 }
 
 int wlan_get_wep_key_1_svc(int index, int key_index, wlan_config_result_data_t *result) {
-    return get_key_text<128>(__func__, wlan_getWepKey, "[key %s]\n", index, key_index, result);
+    return get_key_text<text_size::wlan_get_wep_key>(__func__, wlan_getWepKey, "[key %s]\n", index, key_index,
+                                                     result);
 }
 
 int wlan_set_wep_key_1_svc(int index, int key_index, const char *value, wlan_config_return_code_e *result) {
@@ -36,7 +39,8 @@ int wlan_set_wep_key_1_svc(int index, int key_index, const char *value, wlan_con
 }
 
 int wlan_get_pre_shared_key_1_svc(int index, int key_index, wlan_config_result_data_t *result) {
-    return get_key_text<65>(__func__, wlan_getPreSharedKey, "[psk %s]\n", index, key_index, result);
+    return get_key_text<text_size::wlan_get_pre_shared_key>(__func__, wlan_getPreSharedKey, "[psk %s]\n",
+                                                            index, key_index, result);
 }
 
 int wlan_set_pre_shared_key_1_svc(int index, int key_index, const char *value,
@@ -45,8 +49,8 @@ int wlan_set_pre_shared_key_1_svc(int index, int key_index, const char *value,
 }
 
 int wlan_get_key_passphrase_1_svc(int index, int key_index, wlan_config_result_data_t *result) {
-    return get_key_text<65>(__func__, wlan_getKeyPassphrase, "[key passphrase %s]\n", index, key_index,
-                            result);
+    return get_key_text<text_size::wlan_get_key_passphrase>(
+        __func__, wlan_getKeyPassphrase, "[key passphrase %s]\n", index, key_index, result);
 }
 
 int wlan_set_key_passphrase_1_svc(int index, int key_index, const char *value,

@@ -4,7 +4,8 @@
 #include "rpc/shapes.h"
 
 int wlan_get_beacon_type_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<18>(__func__, wlan_getBeaconType, "[beaconType %s]\n", index, result);
+    return get_text<text_size::wlan_get_beacon_type>(__func__, wlan_getBeaconType, "[beaconType %s]\n", index,
+                                                     result);
 }
 
 int wlan_set_beacon_type_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -12,7 +13,8 @@ int wlan_set_beacon_type_1_svc(int index, const char *value, wlan_config_return_
 }
 
 int wlan_get_standard_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<6>(__func__, wlan_getStandard, "[standard %s]\n", index, result);
+    return get_text<text_size::wlan_get_standard>(__func__, wlan_getStandard, "[standard %s]\n", index,
+                                                  result);
 }
 
 int wlan_set_standard_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -20,7 +22,8 @@ int wlan_set_standard_1_svc(int index, const char *value, wlan_config_return_cod
 }
 
 int wlan_get_basic_encryption_modes_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<20>(__func__, wlan_getBasicEncryptionModes, "[encryption_modes %s]\n", index, result);
+    return get_text<text_size::wlan_get_basic_encryption_modes>(__func__, wlan_getBasicEncryptionModes,
+                                                                "[encryption_modes %s]\n", index, result);
 }
 
 int wlan_set_basic_encryption_modes_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -28,7 +31,8 @@ int wlan_set_basic_encryption_modes_1_svc(int index, const char *value, wlan_con
 }
 
 int wlan_get_basic_authentication_modes_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<22>(__func__, wlan_getBasicAuthenticationModes, "[encryption_modes %s]\n", index, result);
+    return get_text<text_size::wlan_get_basic_authentication_modes>(
+        __func__, wlan_getBasicAuthenticationModes, "[encryption_modes %s]\n", index, result);
 }
 
 int wlan_set_basic_authentication_modes_1_svc(int index, const char *value,
@@ -37,7 +41,8 @@ int wlan_set_basic_authentication_modes_1_svc(int index, const char *value,
 }
 
 int wlan_get_wpa_encryption_modes_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<21>(__func__, wlan_getWpaEncryptionModes, "[wpa_encryption_modes %s]\n", index, result);
+    return get_text<text_size::wlan_get_wpa_encryption_modes>(__func__, wlan_getWpaEncryptionModes,
+                                                              "[wpa_encryption_modes %s]\n", index, result);
 }
 
 int wlan_set_wpa_encryption_modes_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -45,8 +50,8 @@ int wlan_set_wpa_encryption_modes_1_svc(int index, const char *value, wlan_confi
 }
 
 int wlan_get_wpa_authentication_modes_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<20>(__func__, wlan_getWpaAuthenticationModes, "[WPA Authentication Mode %s]\n", index,
-                        result);
+    return get_text<text_size::wlan_get_wpa_authentication_modes>(
+        __func__, wlan_getWpaAuthenticationModes, "[WPA Authentication Mode %s]\n", index, result);
 }
 
 int wlan_set_wpa_authentication_modes_1_svc(int index, const char *value, wlan_config_return_code_e *result) {

@@ -4,7 +4,8 @@
 #include "rpc/shapes.h"
 
 int wlan_get_max_bitrate_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<12>(__func__, wlan_getMaxBitRate, "[maxBitRate %s]\n", index, result);
+    return get_text<text_size::wlan_get_max_bitrate>(__func__, wlan_getMaxBitRate, "[maxBitRate %s]\n", index,
+                                                     result);
 }
 
 int wlan_set_max_bitrate_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -20,7 +21,8 @@ int wlan_set_radio_enabled_1_svc(int index, bool value, wlan_config_return_code_
 }
 
 int wlan_get_transmit_power_supported_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<64>(__func__, wlan_getTransmitPowerSupported, "[power_supported %s]\n", index, result);
+    return get_text<text_size::wlan_get_transmit_power_supported>(__func__, wlan_getTransmitPowerSupported,
+                                                                  "[power_supported %s]\n", index, result);
 }
 
 int wlan_get_transmit_power_1_svc(int index, wlan_config_result_data_t *result) {
@@ -48,7 +50,8 @@ int wlan_set_wpa_group_reauth_interval_1_svc(int index, unsigned value, wlan_con
 }
 
 int wlan_get_country_code_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<30>(__func__, wlan_getCountryCode, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_country_code>(__func__, wlan_getCountryCode, "[name %s]\n",
+                                                              index, result);
 }
 
 int wlan_set_country_code_1_svc(int index, const char *value, wlan_config_return_code_e *result) {

@@ -4,7 +4,8 @@
 #include "rpc/shapes.h"
 
 int wlan_get_radius_server_address_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<30>(__func__, wlan_getRadiusServerAddress, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_radius_server_address>(__func__, wlan_getRadiusServerAddress,
+                                                                       "[name %s]\n", index, result);
 }
 
 int wlan_set_radius_server_address_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -20,7 +21,8 @@ int wlan_set_radius_server_port_1_svc(int index, int value, wlan_config_return_c
 }
 
 int wlan_get_radius_server_key_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<65>(__func__, wlan_getRadiusServerKey, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_radius_server_key>(__func__, wlan_getRadiusServerKey,
+                                                                   "[name %s]\n", index, result);
 }
 
 int wlan_set_radius_server_key_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -36,7 +38,8 @@ int wlan_set_radius_reauth_interval_1_svc(int index, int value, wlan_config_retu
 }
 
 int wlan_get_acct_server_address_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<30>(__func__, wlan_getAcctServerAddress, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_acct_server_address>(__func__, wlan_getAcctServerAddress,
+                                                                     "[name %s]\n", index, result);
 }
 
 int wlan_set_acct_server_address_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -52,7 +55,8 @@ int wlan_set_acct_server_port_1_svc(int index, int value, wlan_config_return_cod
 }
 
 int wlan_get_acct_server_key_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<65>(__func__, wlan_getAcctServerKey, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_acct_server_key>(__func__, wlan_getAcctServerKey,
+                                                                 "[name %s]\n", index, result);
 }
 
 int wlan_set_acct_server_key_1_svc(int index, const char *value, wlan_config_return_code_e *result) {

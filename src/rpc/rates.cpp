@@ -4,7 +4,8 @@
 #include "rpc/shapes.h"
 
 int wlan_get_basic_data_transmit_rates_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<256>(__func__, wlan_getBasicDataTransmitRates, "[txRates %s]\n", index, result);
+    return get_text<text_size::wlan_get_basic_data_transmit_rates>(__func__, wlan_getBasicDataTransmitRates,
+                                                                   "[txRates %s]\n", index, result);
 }
 
 int wlan_set_basic_data_transmit_rates_1_svc(int index, const char *value,
@@ -13,7 +14,8 @@ int wlan_set_basic_data_transmit_rates_1_svc(int index, const char *value,
 }
 
 int wlan_get_operational_data_transmit_rates_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<256>(__func__, wlan_getOperationalDataTransmitRates, "[txRates %s]\n", index, result);
+    return get_text<text_size::wlan_get_operational_data_transmit_rates>(
+        __func__, wlan_getOperationalDataTransmitRates, "[txRates %s]\n", index, result);
 }
 
 int wlan_set_operational_data_transmit_rates_1_svc(int index, const char *value,
@@ -22,5 +24,6 @@ int wlan_set_operational_data_transmit_rates_1_svc(int index, const char *value,
 }
 
 int wlan_get_possible_data_transmit_rates_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<256>(__func__, wlan_getPossibleDataTransmitRates, "[txRates %s]\n", index, result);
+    return get_text<text_size::wlan_get_possible_data_transmit_rates>(
+        __func__, wlan_getPossibleDataTransmitRates, "[txRates %s]\n", index, result);
 }

@@ -1,12 +1,8 @@
 #pragma once
 
 #include "api/records.h"
-#include "rpc/arguments.h"
 
-#include <cstddef>
-#include <tuple>
-
-// The records of the protocol; those that operations fill are in api/records.h.
+// The records that every answer is; those that operations fill are made from the protocol's description.
 
 enum wlan_config_return_code_e : int {};
 
@@ -19,7 +15,7 @@ struct wlan_config_result_data_t {
         unsigned *return_u_int_val;
     } return_u_int;
     struct {
-        unsigned return_data_len; // at most 8256
+        unsigned return_data_len; // at most longest_return_data
         char *return_data_val;
     } return_data;
 };
@@ -32,22 +28,3 @@ struct wlan_device_result_data_t {
         wlan_device_t *devices_val;
     } devices;
 };
-
-struct InfSMacAddr {
-    unsigned char octets[6];
-    unsigned char padding[2]; // not on the wire
-    auto fields() { return std::tie(octets); }
-};
-
-struct SchMacAddrWeight {
-    InfSMacAddr mac;
-    unsigned weight;
-    auto fields() { return std::tie(mac, weight); }
-};
-static_assert(sizeof(SchMacAddrWeight) == 12 && offsetof(SchMacAddrWeight, weight) == 8);
-
-struct MacWeightData {
-    SchMacAddrWeight stations[16];
-    auto fields() { return std::tie(stations); }
-};
-static_assert(sizeof(MacWeightData) == 192);

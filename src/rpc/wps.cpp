@@ -14,10 +14,11 @@ int get_registrars(const char *who, Status (*operation)(int, unsigned *), int in
     return reply_number(status, value, result);
 }
 
+template <std::size_t room>
 int get_registrar_text(const char *who, Status (*operation)(int, int, std::span<char>),
                        Line<const char *> line, int index, int registrar_index,
                        wlan_config_result_data_t *result) {
-    std::array<char, 120> text{};
+    std::array<char, room> text{};
     say_name(who);
     const Status status = operation(index, registrar_index, text);
     return reply_text(who, line, status, text.data(), result);
@@ -46,11 +47,13 @@ int wlan_set_wps_enable_1_svc(int index, bool value, wlan_config_return_code_e *
 }
 
 int wlan_get_wps_device_name_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<120>(__func__, wlan_getWpsDeviceName, "[devName %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_device_name>(__func__, wlan_getWpsDeviceName, "[devName %s]\n",
+                                                         index, result);
 }
 
 int wlan_get_wps_device_password_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<12>(__func__, wlan_getWpsDevicePassword, "[password = %s ]\n", index, result);
+    return get_text<text_size::wlan_get_wps_device_password>(__func__, wlan_getWpsDevicePassword,
+                                                             "[password = %s ]\n", index, result);
 }
 
 int wlan_set_wps_device_password_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -58,7 +61,7 @@ int wlan_set_wps_device_password_1_svc(int index, const char *value, wlan_config
 }
 
 int wlan_get_wps_uuid_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<120>(__func__, wlan_getWpsUuid, "[uuid %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_uuid>(__func__, wlan_getWpsUuid, "[uuid %s]\n", index, result);
 }
 
 int wlan_set_wps_uuid_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -70,12 +73,13 @@ int wlan_get_wps_version_1_svc(int index, wlan_config_result_data_t *result) {
 }
 
 int wlan_get_wps_config_methods_supported_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<120>(__func__, wlan_getWpsConfigMethodsSupported, "[supported methods %s]\n", index,
-                         result);
+    return get_text<text_size::wlan_get_wps_config_methods_supported>(
+        __func__, wlan_getWpsConfigMethodsSupported, "[supported methods %s]\n", index, result);
 }
 
 int wlan_get_wps_config_methods_enabled_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<120>(__func__, wlan_getWpsConfigMethodsEnabled, "[methods enabled %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_config_methods_enabled>(__func__, wlan_getWpsConfigMethodsEnabled,
+                                                                    "[methods enabled %s]\n", index, result);
 }
 
 int wlan_set_wps_config_methods_enabled_1_svc(int index, const char *value,
@@ -84,7 +88,8 @@ int wlan_set_wps_config_methods_enabled_1_svc(int index, const char *value,
 }
 
 int wlan_get_wps_setup_locked_state_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<30>(__func__, wlan_getWpsSetupLockedState, "[state %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_setup_locked_state>(__func__, wlan_getWpsSetupLockedState,
+                                                                "[state %s]\n", index, result);
 }
 
 int wlan_get_wps_setup_lock_1_svc(int index, wlan_config_result_data_t *result) {
@@ -96,11 +101,13 @@ int wlan_set_wps_setup_lock_1_svc(int index, bool value, wlan_config_return_code
 }
 
 int wlan_get_wps_configuration_state_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<30>(__func__, wlan_getWpsConfigurationState, "[state %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_configuration_state>(__func__, wlan_getWpsConfigurationState,
+                                                                 "[state %s]\n", index, result);
 }
 
 int wlan_get_wps_last_configuration_error_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text<30>(__func__, wlan_getWpsLastConfigurationError, "[error %s]\n", index, result);
+    return get_text<text_size::wlan_get_wps_last_configuration_error>(
+        __func__, wlan_getWpsLastConfigurationError, "[error %s]\n", index, result);
 }
 
 int wlan_get_wps_registrar_entries_num_1_svc(int index, wlan_config_result_data_t *result) {
@@ -125,14 +132,14 @@ int wlan_set_wps_registrar_enabled_1_svc(int index, int registrar_index, bool va
 }
 
 int wlan_get_wps_registrar_uuid_1_svc(int index, int registrar_index, wlan_config_result_data_t *result) {
-    return get_registrar_text(__func__, wlan_getWpsRegistrarUuid, "[uuid %s]\n", index, registrar_index,
-                              result);
+    return get_registrar_text<text_size::wlan_get_wps_registrar_uuid>(
+        __func__, wlan_getWpsRegistrarUuid, "[uuid %s]\n", index, registrar_index, result);
 }
 
 int wlan_get_wps_registrar_device_name_1_svc(int index, int registrar_index,
                                              wlan_config_result_data_t *result) {
-    return get_registrar_text(__func__, wlan_getWpsRegistrarDeviceName, "[name %s]\n", index, registrar_index,
-                              result);
+    return get_registrar_text<text_size::wlan_get_wps_registrar_device_name>(
+        __func__, wlan_getWpsRegistrarDeviceName, "[name %s]\n", index, registrar_index, result);
 }
 
 int wlan_set_wps_cancel_1_svc(int index, wlan_config_return_code_e *result) {
@@ -148,15 +155,18 @@ int wlan_set_wps_mode_1_svc(int index, bool value, wlan_config_return_code_e *re
 }
 
 int wlan_get_wps_model_name_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<120>(__func__, wlan_getWpsModelName, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_wps_model_name>(__func__, wlan_getWpsModelName, "[name %s]\n",
+                                                                index, result);
 }
 
 int wlan_get_wps_result_status_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<30>(__func__, wlan_getWpsResultStatus, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_wps_result_status>(__func__, wlan_getWpsResultStatus,
+                                                                   "[name %s]\n", index, result);
 }
 
 int wlan_get_wps_status_1_svc(int index, wlan_config_result_data_t *result) {
-    return get_text_by_name<31>(__func__, wlan_getWpsStatus, "[name %s]\n", index, result);
+    return get_text_by_name<text_size::wlan_get_wps_status>(__func__, wlan_getWpsStatus, "[name %s]\n", index,
+                                                            result);
 }
 
 int wlan_set_wps_pushbutton_1_svc(int index, wlan_config_return_code_e *result) {

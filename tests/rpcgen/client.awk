@@ -36,6 +36,8 @@ function fill_argument(type,    i, text) {
 
 BEGIN { cases = "" }
 
+/^ *\/?\*/ { next } # a comment
+
 /^struct / { record = $2; fields[record] = 0; next }
 /^};/ { record = ""; next }
 

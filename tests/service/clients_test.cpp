@@ -53,7 +53,7 @@ void compare(const Procedure &row, const std::string &words, const nlohmann::ord
               code >= 0 && row.result != Result::code && row.result != Result::none);
     if (!answer.contains("value"))
         return;
-    if (is_text(row.result)) {
+    if (row.result == Result::text) {
         hex = rest.substr(rest.find(" data ") + 6);
         const std::string value =
             answer.contains("value_hex") ? from_hex(answer["value_hex"]) : answer["value"].get<std::string>();

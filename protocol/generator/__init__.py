@@ -1,0 +1,1 @@
+"""The generator of what is made from the description of the protocol."""

@@ -1,5 +1,6 @@
 """The checked model of the protocol. Every target is written from it, and from nothing else."""
 
+import keyword
 import re
 from dataclasses import dataclass, field
 from pathlib import Path
@@ -202,6 +203,8 @@ class _Builder:
             if inner is None and item.type not in IMAGE_SIZES and record.travels != "argument":
                 self.fault(table, "fields", f"field '{item.name}': no type '{item.type}' (a record stands before its use)")
                 continue
+            if item.speaking and (not item.speaking.isidentifier() or keyword.iskeyword(item.speaking)):
+                self.fault(table, "fields", f"field '{item.name}': '{item.speaking}' cannot be a name in a program")
             item.record = inner
             item.size = inner.size if inner else IMAGE_SIZES.get(item.type, 4)
             own = inner.alignment if inner else item.size

@@ -1,6 +1,6 @@
 """What is made from the model, and where it goes."""
 
-from . import cpp, rpcgen, wlanctl
+from . import cpp, python, rpcgen, wlanctl
 
 TARGETS = {
     "wlan_config.x": rpcgen.write,
@@ -11,6 +11,7 @@ TARGETS = {
     "include/rpc/protocol_rows.h": cpp.protocol_rows,
     "include/rpc/service_rows.h": cpp.service_rows,
     "client/knowledge.cpp": wlanctl.knowledge,
+    "python/wlan_config.py": python.write,
 }
 
 

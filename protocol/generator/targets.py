@@ -1,8 +1,10 @@
 """What is made from the model, and where it goes."""
 
-from . import cpp, python, rpcgen, wlanctl
+from . import cpp, html, manual, python, rpcgen, vectors, wireshark, wlanctl
 
 TARGETS = {
+    "wlan-configd-protocol.7.scd": manual.write,
+    "wlan-configd-protocol.html": html.write,
     "wlan_config.x": rpcgen.write,
     "include/api/records.h": cpp.records,
     "include/rpc/arguments.h": cpp.arguments,
@@ -12,6 +14,8 @@ TARGETS = {
     "include/rpc/service_rows.h": cpp.service_rows,
     "client/knowledge.cpp": wlanctl.knowledge,
     "python/wlan_config.py": python.write,
+    "vectors.json": vectors.write,
+    "wireshark/wlan-config.lua": wireshark.write,
 }
 
 

@@ -17,8 +17,8 @@ constexpr char usage[] =
     "usage: wlan-configd [ADDRESS]\n"
     "Serves the Wi-Fi configuration over ONC RPC on UDP, on the local IPv4 ADDRESS or on all\n"
     "addresses; the portmapper tells clients the port. The protocol has no authentication.\n\n"
-    "  --help     print this and exit\n"
-    "  --version  print the version and exit\n\n"
+    "  -h, --help  print this and exit\n"
+    "  --version   print the version and exit\n\n"
     "environment:\n"
     "  zav_cfg_dir      directory of the settings files ZAV75024g.dat and ZAV750.dat\n"
     "  zav_install_dir  directory of the platform's scripts and daemons\n\n"
@@ -58,8 +58,8 @@ void set_signals() {
 int main(int argc, char **argv) {
     const std::string_view first = argc > 1 ? argv[1] : "";
     // Before the portmapper is touched: asking for help must not unregister a running daemon.
-    if (first == "--help" || first == "--version") {
-        std::fputs(first == "--help" ? usage : "wlan-configd " WLAN_CONFIGD_VERSION "\n", stdout);
+    if (first == "-h" || first == "--help" || first == "--version") {
+        std::fputs(first == "--version" ? "wlan-configd " WLAN_CONFIGD_VERSION "\n" : usage, stdout);
         return 0;
     }
     if (!open_standard_descriptors())

@@ -1,6 +1,7 @@
 #include "api/access_list.h"
 
 #include "api/wrapper.h"
+#include "backend/mac.h"
 #include "security/access_list.h"
 
 Status wlan_getMacAddressControlEnabled(int index, unsigned *ret_policy) {
@@ -18,11 +19,14 @@ Status wlan_setMacAddressControlClear(int index) {
 
 Status wlan_setMacAddressControlAdd(int index, const char *mac, const char *name) {
     log_entry_with(__func__, index, Line<const char *, const char *>("mac=%s name=%s\n"), mac, name);
-    return report(__func__, ZAV_SetMacAddressControlAdd(index, mac, name), "mac added:%s\n", mac);
+    MacText stored{};
+    const Status result = ZAV_SetMacAddressControlAdd(index, mac, name, stored);
+    return report<const char *>(__func__, result, "mac added:%s\n", stored.data());
 }
 
 Status wlan_setMacAddressControlDelete(int index, const char *mac) {
-    return set(__func__, ZAV_SetMacAddressControlDelete, "mac=%s\n", "mac deleted:%s\n", index, mac);
+    return set_as_stored(__func__, ZAV_SetMacAddressControlDelete, "mac=%s\n", "mac deleted:%s\n", index,
+                         mac);
 }
 
 Status wlan_getMacAddressControlList(int index, std::span<char> ret_list) {

@@ -5,7 +5,7 @@
 #include <span>
 
 // The keys of a BSS; see security/keys.h for their forms. Stored only. Getters 0 or -1; setters 0 written, 2
-// already stored, -1 refused or failed. The lines of this layer do not show keys.
+// already stored, -1 refused or failed.
 
 Status wlan_getWepKeyIndex(int index, unsigned *ret_key_index);
 Status wlan_setWepKeyIndex(int index, unsigned key_index);

@@ -202,7 +202,6 @@ Status wlan_setAcctUpdateInterval(int index, unsigned interval) {
 }
 
 Status wlan_SetFCC1430Enable(unsigned enable) {
-    log_debug("[ZAV-API] %s entry.\n", __func__);
     const Status result = ZAV_SetFCC_14_30_Enable(enable);
     if (result == failure)
         log_error("[ZAV-API] Error %s int wlan_SetFCC1430Enable failed !!!\n", __func__);

@@ -8,8 +8,8 @@ Status wlan_getRadiusServerAddress(int index, std::span<char> ret_address) {
 }
 
 Status wlan_setRadiusServerAddress(int index, const char *address) {
-    return set(__func__, ZAV_SetRadiusServerAddress, "ip_address=%s\n", "ip address set to:%s\n", index,
-               address);
+    return set_as_stored(__func__, ZAV_SetRadiusServerAddress, "ip_address=%s\n", "ip address set to:%s\n",
+                         index, address);
 }
 
 Status wlan_getRadiusServerPort(int index, unsigned *ret_port) {
@@ -21,11 +21,11 @@ Status wlan_setRadiusServerPort(int index, unsigned port) {
 }
 
 Status wlan_getRadiusServerKey(int index, std::span<char> ret_key) {
-    return get_secret(__func__, ZAV_GetRadiusServerKey, "key is read.\n", index, ret_key);
+    return get(__func__, ZAV_GetRadiusServerKey, "key is %s\n", index, ret_key);
 }
 
 Status wlan_setRadiusServerKey(int index, const char *key) {
-    return set_secret(__func__, ZAV_SetRadiusServerKey, "key is set.\n", index, key);
+    return set(__func__, ZAV_SetRadiusServerKey, "key=%s\n", "key set to:%s\n", index, key);
 }
 
 Status wlan_getRadiusReAuthInterval(int index, unsigned *ret_interval) {
@@ -42,8 +42,8 @@ Status wlan_getAcctServerAddress(int index, std::span<char> ret_address) {
 }
 
 Status wlan_setAcctServerAddress(int index, const char *address) {
-    return set(__func__, ZAV_SetAcctServerAddress, "ip_address=%s\n", "ip address set to:%s\n", index,
-               address);
+    return set_as_stored(__func__, ZAV_SetAcctServerAddress, "ip_address=%s\n", "ip address set to:%s\n",
+                         index, address);
 }
 
 Status wlan_getAcctServerPort(int index, unsigned *ret_port) {
@@ -55,10 +55,9 @@ Status wlan_setAcctServerPort(int index, unsigned port) {
 }
 
 Status wlan_getAcctServerKey(int index, std::span<char> ret_key) {
-    log_entry(__func__, index);
-    return report(__func__, ZAV_GetAcctServerKey(index, ret_key), "key is read.\n");
+    return get_passing(__func__, ZAV_GetAcctServerKey, "key is %s\n", index, ret_key);
 }
 
 Status wlan_setAcctServerKey(int index, const char *key) {
-    return set_secret(__func__, ZAV_SetAcctServerKey, "key is set.\n", index, key);
+    return set(__func__, ZAV_SetAcctServerKey, "key=%s\n", "key set to:%s\n", index, key);
 }

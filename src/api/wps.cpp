@@ -32,11 +32,12 @@ Status wlan_getWpsModelName(int index, std::span<char> ret_name) {
 Status wlan_setWpsModelName(int, const char *) { return report_failure(__func__, failure); }
 
 Status wlan_getWpsDevicePassword(int index, std::span<char> ret_pin) {
-    return get_secret(__func__, ZAV_GetWpsDevicePassword, "device password read\n", index, ret_pin);
+    return get(__func__, ZAV_GetWpsDevicePassword, "device password: %s\n", index, ret_pin);
 }
 
 Status wlan_setWpsDevicePassword(int index, const char *pin) {
-    return set_secret(__func__, ZAV_SetWpsDevicePassword, "device password set\n", index, pin);
+    return set_as_stored(__func__, ZAV_SetWpsDevicePassword, "password=%s\n", "device password set to:%s\n",
+                         index, pin);
 }
 
 Status wlan_getWpsUuid(int index, std::span<char> ret_uuid) {
@@ -126,7 +127,7 @@ Status wlan_setWpsPushButton(int index) {
 }
 
 Status wlan_setWpsPinStart(int index, const char *pin) {
-    return set_secret(__func__, ZAV_SetWpsPinStart, "PIN session started.\n", index, pin);
+    return set(__func__, ZAV_SetWpsPinStart, "pin=%s\n", "PIN session started with:%s\n", index, pin);
 }
 
 Status wlan_setWpsOOB(int index) { return act(__func__, ZAV_SetWpsOOB, "wps is out of the box.\n", index); }

@@ -4,6 +4,7 @@
 #include "backend/log.h"
 #include "backend/status.h"
 
+#include <array>
 #include <span>
 
 // The forms of an API operation: entry line, backend operation, then one error line or the success line.
@@ -83,17 +84,15 @@ Status set(const char *who, Status (*operation)(int, Value), ValueLine<Value> en
     return report<Value>(who, operation(index, value), line, value);
 }
 
-// The same for keys, passphrases and PINs, which these lines do not show.
-inline Status get_secret(const char *who, Status (*operation)(int, std::span<char>), Line<> line, int index,
-                         std::span<char> ret_value) {
-    log_entry(who, index);
-    return folded(report(who, operation(index, ret_value), line));
-}
-
-inline Status set_secret(const char *who, Status (*operation)(int, const char *), Line<> line, int index,
-                         const char *value) {
-    log_entry(who, index);
-    return report(who, operation(index, value), line);
+// For a text that is stored in a form of its own: the operation hands that back, and the success line names
+// it.
+inline Status set_as_stored(const char *who, Status (*operation)(int, const char *, std::span<char>),
+                            Line<const char *> entry, SuccessLine<const char *> line, int index,
+                            const char *value) {
+    std::array<char, 18> stored{}; // a MAC address is the longest
+    log_entry_with(who, index, entry, value);
+    const Status result = operation(index, value, stored);
+    return report<const char *>(who, result, line, stored.data());
 }
 
 // Actions of an interface.
@@ -117,18 +116,6 @@ Status set_of(const char *who, Status (*operation)(int, int, Value),
               std::type_identity_t<Value> value) {
     log_entry_with(who, index, entry, selector, value);
     return report<Value>(who, operation(index, selector, value), line, value);
-}
-
-inline Status get_secret_of(const char *who, Status (*operation)(int, int, std::span<char>), Line<int> entry,
-                            Line<> line, int index, int selector, std::span<char> ret_value) {
-    log_entry_with(who, index, entry, selector);
-    return folded(report(who, operation(index, selector, ret_value), line));
-}
-
-inline Status set_secret_of(const char *who, Status (*operation)(int, int, const char *), Line<int> entry,
-                            Line<> line, int index, int selector, const char *value) {
-    log_entry_with(who, index, entry, selector);
-    return report(who, operation(index, selector, value), line);
 }
 
 // Settings that are one key of the settings file and nothing more.

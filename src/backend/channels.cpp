@@ -29,11 +29,15 @@ constexpr int below = 0, above = 1;
 
 int &side_of(Sides &sides, int channel) { return sides.at(static_cast<std::size_t>(channel) - 1); }
 
-Status read_key(int index, const char *key, std::string *ret_text) {
+// Whether the value is this text; an absent one is not.
+Status compare_key(int index, const char *key, const char *text, unsigned *ret_is_equal) {
     InterfaceName ifname;
     if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
         return failure;
-    return nvram_get_whole(ifname.data(), key, ret_text);
+    std::string stored;
+    (void)nvram_get_whole(ifname.data(), key, &stored);
+    *ret_is_equal = stored == text ? 1 : 0;
+    return success;
 }
 
 bool is_legal_channel(const char *who, int channel) {
@@ -61,11 +65,13 @@ bool can_extend(const char *who, int channel, unsigned side) {
     return true;
 }
 
-// The side in force is the one that the list has for the channel.
+// The side in force is the one that the list has for the channel; one that it has none for changes nothing.
 Status follow_channel(const InterfaceName &ifname, int channel) {
     Sides sides;
     if (read_numbers(ifname.data(), "HT_ExtChList", sides) != success)
         return failure;
+    if (channel < 1 || channel > channels_24g)
+        return unchanged;
     return nvram_set_int(ifname.data(), "HT_EXTCHA", side_of(sides, channel));
 }
 
@@ -89,8 +95,10 @@ Status remove_list_line(const char *who, const char *path) {
 } // namespace
 
 Status ZAV_GetChannel(int index, unsigned *ret_channel) {
+    InterfaceName ifname;
     std::string stored;
-    if (read_key(index, "Channel", &stored) != success)
+    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success ||
+        nvram_get_whole(ifname.data(), "Channel", &stored) != success)
         return failure;
     int channel = 0;
     scan_number(stored.c_str(), &channel);
@@ -110,7 +118,7 @@ Status ZAV_SetChannel(int index, unsigned channel) {
         (nvram_get_str(ifname.data(), "HT_BW", bandwidth) != success || bandwidth[0] == '1'))
         return failure;
     const Status stored = nvram_set_int(ifname.data(), "Channel", number);
-    if (stored == failure || !is_24g_name(ifname.data()) || number < 1 || number > channels_24g)
+    if (stored == failure || number == 0 || !is_24g_name(ifname.data()))
         return stored;
     return both(stored, follow_channel(ifname, number));
 }
@@ -130,11 +138,7 @@ Status ZAV_GetCurrentChannel(int index, unsigned *ret_channel) {
 }
 
 Status ZAV_GetAutoChannelEnable(int index, unsigned *ret_enable) {
-    std::string stored;
-    if (read_key(index, "Channel", &stored) != success)
-        return failure;
-    *ret_enable = stored == "0" ? 1 : 0;
-    return success;
+    return compare_key(index, "Channel", "0", ret_enable);
 }
 
 Status ZAV_SetAutoChannelEnable(int, unsigned) { return success; }
@@ -162,11 +166,7 @@ Status ZAV_SetExtensionChannel(int index, int channel, unsigned side) {
 }
 
 Status ZAV_GetIeee80211hEnable(int index, unsigned *ret_enable) {
-    std::string stored;
-    if (read_key(index, "IEEE80211H", &stored) != success)
-        return failure;
-    *ret_enable = stored == "1" ? 1 : 0;
-    return success;
+    return compare_key(index, "IEEE80211H", "1", ret_enable);
 }
 
 Status ZAV_SetIeee80211hEnable(int index, unsigned enable) {

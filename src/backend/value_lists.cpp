@@ -13,11 +13,19 @@ namespace {
 
 bool has_field(unsigned bss) { return bss >= 1 && bss <= list_fields; }
 
-// Takes the next field off the list, by its number: the last one is all that remains.
-std::string_view take_field(unsigned number, std::string_view *list) {
-    const std::string_view field = number == list_fields ? *list : list->substr(0, list->find(';'));
-    list->remove_prefix(std::min(list->size(), field.size() + 1));
-    return field;
+using TextList = std::array<std::string_view, list_fields>;
+
+// The fields of a list, the last of which is all that remains; empty ones behind its end, and behind a gap
+// where that ends the list.
+TextList parse_texts(std::string_view list, bool ends_at_gap) {
+    TextList fields{};
+    for (auto &field : fields) {
+        field = &field == &fields.back() ? list : list.substr(0, list.find(';'));
+        if (ends_at_gap && field.empty())
+            break;
+        list.remove_prefix(std::min(list.size(), field.size() + 1));
+    }
+    return fields;
 }
 
 Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
@@ -25,19 +33,27 @@ Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_a
     std::string stored;
     if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
         return failure;
-    std::string_view rest = stored, field;
-    for (unsigned i = 1; i <= bss; ++i) {
-        field = take_field(i, &rest);
-        if (ends_at_gap && field.empty())
-            break;
-    }
-    copy_text(ret_text, field);
+    copy_text(ret_text, parse_texts(stored, ends_at_gap).at(bss - 1));
     return success;
 }
 
 Status refuse_text(const char *who) {
     log_error("[ZAV-API] Error %s a list cannot hold this text\n", who);
     return failure;
+}
+
+Status write_field(const char *who, const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
+                   const char *text) {
+    if (!fits_list(text))
+        return refuse_text(who);
+    std::string stored, changed;
+    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
+        return failure;
+    TextList fields = parse_texts(stored, ends_at_gap);
+    fields.at(bss - 1) = text;
+    for (const auto &field : fields)
+        changed.append(&field == fields.data() ? "" : ";").append(field);
+    return nvram_set_str(ifname, key, changed.c_str());
 }
 
 } // namespace
@@ -103,20 +119,11 @@ Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss
 bool fits_list(const char *text) { return std::strpbrk(text, ";\n") == nullptr; }
 
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text) {
-    if (!fits_list(text))
-        return refuse_text(who);
-    std::string stored, changed;
-    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
-        return failure;
-    std::string_view rest = stored;
-    for (unsigned field = 1; field <= list_fields; ++field) {
-        const std::string_view old = take_field(field, &rest);
-        changed.append(field == 1 ? "" : ";").append(field == bss ? std::string_view(text) : old);
-    }
-    return nvram_set_str(ifname, key, changed.c_str());
+    return write_field(who, ifname, key, bss, false, text);
 }
 
+// An empty text would be a gap, which takes the fields behind it from their BSSes.
 Status write_unbroken_list_text(const char *who, const char *ifname, const char *key, unsigned bss,
                                 const char *text) {
-    return *text == '\0' ? refuse_text(who) : write_list_text(who, ifname, key, bss, text);
+    return *text == '\0' ? refuse_text(who) : write_field(who, ifname, key, bss, true, text);
 }

@@ -24,8 +24,8 @@ Status write_list_number(const char *ifname, const char *key, unsigned bss, int 
 // Writes nothing, not even a short list in full, where the field holds the value already: 2.
 Status change_list_number(const char *ifname, const char *key, unsigned bss, int value);
 
-// The text of one BSS, cut at the buffer; -1 when the key is absent. In an unbroken list nothing counts
-// behind an empty field: those fields read as empty.
+// The text of one BSS, cut at the buffer; -1 when the key is absent. An unbroken list ends at its first empty
+// field, for reader and writer: fields behind the gap read as empty, and any change stores them so.
 Status read_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text);
 Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text);
 
@@ -33,10 +33,8 @@ Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss
 bool fits_list(const char *text);
 
 // Replaces the text of one BSS; the other fields keep theirs, whatever they are, and missing ones become
-// empty. A text that does not fit is refused with an error line that names `who`.
+// empty. A text that does not fit is refused with an error line that names `who`; in an unbroken list an
+// empty one too.
 Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text);
-
-// The same for an unbroken list, which cannot hold an empty text either. What stands behind a gap counts
-// again once the gap is filled: no BSS's field is lost by setting another's.
 Status write_unbroken_list_text(const char *who, const char *ifname, const char *key, unsigned bss,
                                 const char *text);

@@ -86,13 +86,13 @@ Status check_names(const char *who, const StoredList &macs, const StoredList &na
 
 bool is_mac(std::string_view text) { return text.size() == mac_length && IS_HEX(text); }
 
-Status take_mac(const char *who, const char *mac, MacText *ret_mac) {
+Status take_mac(const char *who, const char *mac, std::span<char> ret_mac) {
     if (!is_mac(mac)) {
         log_error("[ZAV-API] Error %s ERROR: input is not a valid mac address:%s.\n", who, mac);
         return failure;
     }
-    copy_text(*ret_mac, mac);
-    STR_TO_UPPERCASE(*ret_mac);
+    copy_text(ret_mac, mac);
+    STR_TO_UPPERCASE(ret_mac);
     return success;
 }
 
@@ -195,12 +195,13 @@ Status ZAV_SetMacAddressControlClear(int index) {
     return success;
 }
 
-Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name) {
+Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name, std::span<char> ret_stored) {
     Place place;
     MacText upper;
     if (check_index(__func__, index) != success || find_place(index, &place) != success ||
-        take_mac(__func__, mac, &upper) != success || check_name(__func__, name) != success)
+        take_mac(__func__, mac, upper) != success || check_name(__func__, name) != success)
         return failure;
+    copy_text(ret_stored, upper.data());
     StoredList macs, names;
     read_upper_macs(__func__, place, &macs);
     if (macs.text.find(upper.data()) != macs.text.npos)
@@ -221,12 +222,13 @@ Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name)
     return success;
 }
 
-Status ZAV_SetMacAddressControlDelete(int index, const char *mac) {
+Status ZAV_SetMacAddressControlDelete(int index, const char *mac, std::span<char> ret_stored) {
     Place place;
     MacText upper;
     if (check_index(__func__, index) != success || find_place(index, &place) != success ||
-        take_mac(__func__, mac, &upper) != success)
+        take_mac(__func__, mac, upper) != success)
         return failure;
+    copy_text(ret_stored, upper.data());
     StoredList macs, names;
     read_upper_macs(__func__, place, &macs);
     if (macs.text.find(upper.data()) == macs.text.npos)

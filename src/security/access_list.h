@@ -19,12 +19,12 @@ Status ZAV_SetMacAddressControlClear(int index);
 // Adds a station: 17 hexadecimal digits or colons, stored in upper case, and a name of at most 30 characters
 // without ";" and line feed, which may be empty. 0 added; 2 the address stands in the list already; -1
 // failure: a bad address or name, a full list, no room. When the numbers of addresses and names differ, the
-// address is added and the answer is -1.
-Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name);
+// address is added and the answer is -1. `ret_stored` is the address in upper case.
+Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name, std::span<char> ret_stored);
 
 // 0 deleted, 2 the address is not in the list, -1 failure. When the numbers of addresses and names differ,
 // the address is deleted and the answer is -1.
-Status ZAV_SetMacAddressControlDelete(int index, const char *mac);
+Status ZAV_SetMacAddressControlDelete(int index, const char *mac, std::span<char> ret_stored);
 
 // "AA:BB:CC:DD:EE:01=tv;AA:BB:CC:DD:EE:02=phone;", at most 3,199 characters. -1 for a list that is longer or
 // corrupted.

@@ -3,6 +3,7 @@
 #include "backend/config_store.h"
 #include "backend/interfaces.h"
 #include "backend/log.h"
+#include "backend/text.h"
 #include "backend/value_lists.h"
 
 #include <algorithm>
@@ -38,7 +39,8 @@ Status get_text(const char *who, const TextList &list, int index, std::span<char
     return read_list_text(bss.ifname.data(), list.key, bss.number, room_for(ret_text, list.longest));
 }
 
-Status set_address(const char *who, const TextList &list, int index, const char *address) {
+Status set_address(const char *who, const TextList &list, int index, const char *address,
+                   std::span<char> ret_stored) {
     Bss bss;
     if (find_bss(who, index, &bss) != success)
         return failure;
@@ -49,7 +51,9 @@ Status set_address(const char *who, const TextList &list, int index, const char 
         log_debug("[ZAV-API] %s illegal Ip Address\n", who);
         return failure;
     }
-    return write_list_text(who, bss.ifname.data(), list.key, bss.number, is_none ? "1.1.1.1" : address);
+    const char *const stored = is_none ? "1.1.1.1" : address;
+    copy_text(ret_stored, stored);
+    return write_list_text(who, bss.ifname.data(), list.key, bss.number, stored);
 }
 
 Status get_number(const char *who, const char *key, int index, unsigned *ret_value) {
@@ -110,8 +114,8 @@ Status ZAV_GetRadiusServerAddress(int index, std::span<char> ret_address) {
     return get_text(__func__, radius_address, index, ret_address);
 }
 
-Status ZAV_SetRadiusServerAddress(int index, const char *address) {
-    return set_address(__func__, radius_address, index, address);
+Status ZAV_SetRadiusServerAddress(int index, const char *address, std::span<char> ret_stored) {
+    return set_address(__func__, radius_address, index, address, ret_stored);
 }
 
 Status ZAV_GetRadiusServerPort(int index, unsigned *ret_port) {
@@ -158,8 +162,8 @@ Status ZAV_GetAcctServerAddress(int index, std::span<char> ret_address) {
     return get_text(__func__, acct_address, index, ret_address);
 }
 
-Status ZAV_SetAcctServerAddress(int index, const char *address) {
-    return set_address(__func__, acct_address, index, address);
+Status ZAV_SetAcctServerAddress(int index, const char *address, std::span<char> ret_stored) {
+    return set_address(__func__, acct_address, index, address, ret_stored);
 }
 
 Status ZAV_GetAcctServerPort(int index, unsigned *ret_port) {

@@ -9,9 +9,9 @@
 // absent setting; setters answer 0 written, 2 already stored, -1 failure.
 
 // Dotted IPv4, at most 15 characters; "1.1.1.1" stands for no server. Setting "", "0" or "0.0.0.0" stores
-// "1.1.1.1"; any other text that isIpAddressValid refuses is refused.
+// "1.1.1.1"; any other text that isIpAddressValid refuses is refused. `ret_stored` is what was stored.
 Status ZAV_GetRadiusServerAddress(int index, std::span<char> ret_address);
-Status ZAV_SetRadiusServerAddress(int index, const char *address);
+Status ZAV_SetRadiusServerAddress(int index, const char *address, std::span<char> ret_stored);
 
 // Set from 1 to 65535, and 0 stores 1; read as it is stored.
 Status ZAV_GetRadiusServerPort(int index, unsigned *ret_port);
@@ -27,7 +27,7 @@ Status ZAV_SetRadiusReAuthInterval(int index, unsigned interval);
 
 // The same for accounting. At most 49 characters of the address are read.
 Status ZAV_GetAcctServerAddress(int index, std::span<char> ret_address);
-Status ZAV_SetAcctServerAddress(int index, const char *address);
+Status ZAV_SetAcctServerAddress(int index, const char *address, std::span<char> ret_stored);
 Status ZAV_GetAcctServerPort(int index, unsigned *ret_port);
 Status ZAV_SetAcctServerPort(int index, unsigned port);
 

@@ -173,7 +173,7 @@ Status ZAV_GetWpsDevicePassword(int index, std::span<char> ret_pin) {
     return success;
 }
 
-Status ZAV_SetWpsDevicePassword(int index, const char *pin) {
+Status ZAV_SetWpsDevicePassword(int index, const char *pin, std::span<char> ret_stored) {
     WpsRadio radio;
     Pin taken{};
     if (find_wps_radio(index, &radio) != success)
@@ -185,6 +185,7 @@ Status ZAV_SetWpsDevicePassword(int index, const char *pin) {
                tell<const char *>(radio.first_index, "WscVendorPinCode=%s", taken.data()) != success) {
         return failure;
     }
+    copy_text(ret_stored, taken.data());
     return nvram_set_str(radio.ifname.data(), "WscVendorPinCode", taken.data());
 }
 

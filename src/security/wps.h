@@ -17,9 +17,10 @@ Status ZAV_SetWpsPushButton(int index);
 Status ZAV_SetWpsPinStart(int index, const char *pin);
 Status ZAV_SetWpsCancel(int index);
 
-// The radio's own PIN, of the same form; setting "0" lets the driver make one.
+// The radio's own PIN, of the same form; setting "0" lets the driver make one. `ret_stored` is what was
+// stored.
 Status ZAV_GetWpsDevicePassword(int index, std::span<char> ret_pin);
-Status ZAV_SetWpsDevicePassword(int index, const char *pin);
+Status ZAV_SetWpsDevicePassword(int index, const char *pin, std::span<char> ret_stored);
 
 // 1 or 2 of those that there are.
 Status ZAV_GetWpsVersion(int index, unsigned *ret_version);

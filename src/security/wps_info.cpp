@@ -8,7 +8,6 @@
 #include "backend/value_lists.h"
 
 #include <cstdlib>
-#include <cstring>
 #include <span>
 #include <string_view>
 
@@ -53,7 +52,7 @@ bool take(const std::array<char, longest_token + 1> &token, std::string_view tit
 bool take_text(const std::array<char, longest_token + 1> &token, std::string_view title,
                std::span<char> ret_text) {
     const char *text = behind(token.data(), title);
-    if (text == nullptr || *text == '\0' || std::strlen(text) >= ret_text.size())
+    if (text == nullptr || *text == '\0')
         return false;
     copy_text(ret_text, text);
     return true;

@@ -33,6 +33,6 @@ Status find_wps_radio(int index, WpsRadio *ret_radio);
 // BSS, and for an answer or settings that lack a part; the parts before it are filled in.
 Status ZAV_parseWscInfoCommand(int index, WscInfo *ret_info);
 
-// The driver's answer: a word for each field, in order. -1 for fewer words, and for one that is not what its
-// place asks for or is too long.
+// The driver's answer: a word for each field, in order; a text is cut at its field. -1 for fewer words, and
+// for one that is not what its place asks for or has more than 50 characters.
 Status parse_wsc_info(const char *who, const char *answer, WscInfo *ret_info);

@@ -44,7 +44,7 @@ Ended run_daemon(const std::string &arguments) {
 
 TEST(StartUp, HelpAndVersionLeaveTheRunningDaemonRegistered) {
     Gateway gateway;
-    for (const char *word : {"--help", "--version"}) {
+    for (const char *word : {"-h", "--help", "--version"}) {
         const Ended ended = run_daemon(word);
         EXPECT_EQ(ended.status, 0);
         EXPECT_NE(ended.out.find("wlan-configd"), std::string::npos);

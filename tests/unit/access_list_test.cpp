@@ -31,7 +31,7 @@ static std::string mac(int number) {
 }
 
 static Status add(int number, const std::string &name) {
-    return ZAV_SetMacAddressControlAdd(2, mac(number).c_str(), name.c_str());
+    return ZAV_SetMacAddressControlAdd(2, mac(number).c_str(), name.c_str(), {});
 }
 
 static std::string listing() {
@@ -115,7 +115,7 @@ TEST(AccessList, DeletesWhateverTheListsHold) {
     for (const Row &row : rows) {
         SCOPED_TRACE(std::to_string(row.number) + " of " + row.macs.substr(0, 60) + " | " + row.names);
         write_settings(settings(row.macs, row.names));
-        EXPECT_EQ(ZAV_SetMacAddressControlDelete(2, mac(row.number).c_str()), row.status);
+        EXPECT_EQ(ZAV_SetMacAddressControlDelete(2, mac(row.number).c_str(), {}), row.status);
         EXPECT_EQ(read_settings(), settings(row.left_macs, row.left_names));
     }
 }

@@ -1,5 +1,7 @@
 #include "client/commands.h"
 
+#include "client/describe.h"
+#include "client/knowledge.h"
 #include "client/values.h"
 
 #include <algorithm>
@@ -61,7 +63,7 @@ Error ask_index(Connection &connection, const std::string &interface, Value &ret
     if (Error error = call(connection, *count, none, answer))
         return error;
     if (answer.code < 0)
-        return {Trouble::protocol, "the daemon does not tell how many interfaces it has"};
+        return {Trouble::garbled, "the daemon does not tell how many interfaces it has"};
     const std::int64_t last = std::min(answer.numbers.at(0), most_interfaces);
     for (std::int64_t index = 1; index <= last; ++index) {
         Values arguments{{{Kind::integer, index}}};
@@ -120,20 +122,41 @@ Error take_arguments(Connection &connection, const Procedure &procedure,
     return {};
 }
 
+// In any case of letters.
+static bool contains(std::string_view text, std::string_view word) {
+    const auto alike = [](unsigned char a, unsigned char b) { return std::tolower(a) == std::tolower(b); };
+    return std::search(text.begin(), text.end(), word.begin(), word.end(), alike) != text.end();
+}
+
 int list(const Context &context, const std::string &word) {
     std::vector<const Procedure *> found;
     for (const Procedure &each : protocol)
-        if (each.name.find(word) != std::string_view::npos)
+        if (contains(each.name, word))
             found.push_back(&each);
+    if (found.empty())
+        return print_error(context.output,
+                           {Trouble::failed, fmt::format("no procedure has '{}' in its name", word)});
     print_procedures(context.output, found);
     return 0;
 }
 
 int describe(const Context &context, const std::string &name) {
-    const Procedure *procedure = nullptr;
-    if (Error error = find_or_suggest("wlan_", name, procedure))
-        return print_error(context.output, error);
-    print_procedure(context.output, *procedure);
+    std::vector<const Procedure *> named, told;
+    for (const char *prefix : {"", "wlan_", "wlan_get_", "wlan_set_"})
+        if (const Procedure *procedure = find_procedure(prefix + name); procedure != nullptr)
+            named.push_back(procedure);
+    for (const Procedure &each : protocol)
+        if (contains(knowledge_of(each).summary, name))
+            told.push_back(&each);
+    for (std::size_t i = 0; i < named.size(); ++i) {
+        if (i > 0 && !context.output.json)
+            fmt::print("\n");
+        print_procedure(context.output, *named[i]);
+    }
+    if (named.empty() && told.empty())
+        return print_error(context.output, unknown("wlan_", name));
+    if (named.empty())
+        print_procedures(context.output, told);
     return 0;
 }
 

@@ -46,7 +46,7 @@ Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
                             "or the portmapper was restarted after it",
                             connection.host)};
     if (port > 0xFFFF)
-        return {Trouble::protocol, fmt::format("the portmapper names port {}", port)};
+        return {Trouble::garbled, fmt::format("the portmapper names port {}", port)};
     ret_address.sin_port = htons(static_cast<std::uint16_t>(port));
     return {};
 }
@@ -70,7 +70,7 @@ Error take_value(const wlan_config_result_data_t &result, const Procedure &proce
     const bool image = kind == Result::image, text = kind == Result::text;
     const std::size_t words = image || text || kind == Result::none ? 0 : procedure.size / sizeof *numbers;
     if (count < words || (image && length != procedure.size) || (text && length == 0))
-        return {Trouble::protocol, "the reply of the daemon lacks the value"};
+        return {Trouble::garbled, "the reply of the daemon lacks the value"};
     for (std::size_t i = 0; i < words; ++i)
         ret_answer.numbers.push_back(kind == Result::integer ? std::int64_t{static_cast<int>(numbers[i])}
                                                              : numbers[i]);

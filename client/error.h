@@ -10,7 +10,7 @@ enum class Trouble : int {
     usage = 2,
     timeout = 3,
     unreachable = 4,
-    protocol = 5,
+    garbled = 5,
     interrupted = 130, // as a shell tells it
 };
 

@@ -39,11 +39,11 @@ Error failure(const Request &request, clnt_stat status) {
     case RPC_SUCCESS:
         return {};
     case RPC_PROCUNAVAIL:
-        return {Trouble::protocol, fmt::format("{} does not know this procedure", request.who)};
+        return {Trouble::garbled, fmt::format("{} does not know this procedure", request.who)};
     case RPC_CANTDECODEARGS:
-        return {Trouble::protocol, fmt::format("{} does not understand the arguments", request.who)};
+        return {Trouble::garbled, fmt::format("{} does not understand the arguments", request.who)};
     default:
-        return {Trouble::protocol, fmt::format("{} answered: {}", request.who, clnt_sperrno(status))};
+        return {Trouble::garbled, fmt::format("{} answered: {}", request.who, clnt_sperrno(status))};
     }
 }
 
@@ -74,7 +74,7 @@ Error decode_reply(const Request &request, std::span<char> bytes, Message result
     std::array<char, MAX_AUTH_BYTES> verifier; // given, so that none is allocated and left
     reply.acpted_rply.ar_verf.oa_base = verifier.data();
     if (xdr_replymsg(&stream, &reply) == FALSE)
-        return {Trouble::protocol, fmt::format("the reply of {} is not understood", request.who)};
+        return {Trouble::garbled, fmt::format("the reply of {} is not understood", request.who)};
     rpc_err details{};
     _seterr_reply(&reply, &details);
     return failure(request, details.re_status);

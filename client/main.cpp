@@ -171,5 +171,5 @@ int main(int argc, char **argv) {
     } catch (const std::exception &error) {
         std::fprintf(stderr, "wlanctl: %s\n", error.what());
     }
-    return static_cast<int>(Trouble::protocol);
+    return static_cast<int>(Trouble::garbled);
 }

@@ -1,94 +1,14 @@
 #include "client/output.h"
 
 #include "client/fields.h"
+#include "client/terminal.h"
 #include "client/text.h"
-#include "client/values.h"
 
 #include <algorithm>
 #include <cctype>
-#include <cstdlib>
-#include <cstring>
 #include <fmt/format.h>
-#include <iterator>
-#include <langinfo.h>
-#include <libsmartcols.h>
-#include <memory>
-#include <nlohmann/json.hpp>
-#include <unistd.h>
 
 namespace {
-
-using Json = nlohmann::ordered_json;
-using Row = std::vector<std::string>;
-
-bool is_terminal(std::FILE *stream) { return isatty(fileno(stream)) == 1; }
-
-// A terminal that is not set to UTF-8 may take its bytes for control characters.
-std::string shown_on(std::FILE *stream, std::string_view text) {
-    return printable(text, is_terminal(stream) && std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0);
-}
-
-std::string emphasis(std::string_view text) {
-    const char *no_colour = std::getenv("NO_COLOR");
-    if (!is_terminal(stdout) || (no_colour != nullptr && *no_colour != '\0'))
-        return std::string{text};
-    return fmt::format("\x1b[1m{}\x1b[0m", text);
-}
-
-// JSON escapes the control characters of ASCII only, so a terminal gets ASCII only.
-void print_json(const Json &object) {
-    fmt::print("{}\n", object.dump(-1, ' ', is_terminal(stdout), Json::error_handler_t::replace));
-}
-
-void print_tabbed(const std::vector<Row> &rows) {
-    for (const Row &row : rows)
-        fmt::print("{}\n", fmt::join(row, "\t"));
-}
-
-struct ReleaseTable {
-    void operator()(libscols_table *table) const { scols_unref_table(table); }
-};
-
-// A table on a terminal; elsewhere its lines with tabs, without the heading.
-void print_table(const Row &heading, const std::vector<Row> &rows) {
-    const std::unique_ptr<libscols_table, ReleaseTable> table{is_terminal(stdout) ? scols_new_table()
-                                                                                  : nullptr};
-    if (table == nullptr)
-        return print_tabbed(rows);
-    scols_table_enable_noencoding(table.get(), 1); // the texts are escaped already
-    for (const std::string &column : heading)
-        scols_table_new_column(table.get(), column.c_str(), 0, 0);
-    for (const Row &row : rows) {
-        libscols_line *line = scols_table_new_line(table.get(), nullptr);
-        for (std::size_t i = 0; line != nullptr && i < row.size(); ++i)
-            scols_line_set_data(line, i, row[i].c_str());
-    }
-    scols_print_table(table.get());
-}
-
-// What a procedure answers.
-std::string result_name(const Procedure &procedure) {
-    constexpr const char *names[] = {"code", "none", "int", "unsigned", "text", "numbers", "record"};
-    const std::string name = names[static_cast<std::size_t>(procedure.result)];
-    return procedure.is_secret ? "secret " + name : name;
-}
-
-Json procedure_json(const Procedure &procedure) {
-    Json arguments = Json::array();
-    for (const Argument &argument : procedure.arguments)
-        arguments.push_back({{"name", argument.name}, {"type", kind_name(argument.kind)}});
-    return {{"number", procedure.number},
-            {"name", procedure.name},
-            {"arguments", arguments},
-            {"result", result_name(procedure)}};
-}
-
-std::string arguments_line(const Procedure &procedure) {
-    Row arguments;
-    for (const Argument &argument : procedure.arguments)
-        arguments.push_back(fmt::format("{}:{}", argument.name, kind_name(argument.kind)));
-    return fmt::format("{}", fmt::join(arguments, " "));
-}
 
 const char *status_name(int code) {
     switch (code) {
@@ -238,30 +158,6 @@ const char *name_of(Trouble trouble) {
 }
 
 } // namespace
-
-void print_procedures(const Output &output, const std::vector<const Procedure *> &procedures) {
-    Json list = Json::array();
-    std::vector<Row> rows;
-    for (const Procedure *procedure : procedures) {
-        list.push_back(procedure_json(*procedure));
-        rows.push_back({fmt::format("{}", procedure->number), std::string{procedure->name},
-                        arguments_line(*procedure), result_name(*procedure)});
-    }
-    if (output.json)
-        print_json({{"procedures", list}});
-    else
-        print_table({"NUMBER", "NAME", "ARGUMENTS", "RESULT"}, rows);
-}
-
-void print_procedure(const Output &output, const Procedure &procedure) {
-    if (output.json)
-        return print_json(procedure_json(procedure));
-    fmt::print("{} (procedure {})\n", emphasis(procedure.name), procedure.number);
-    for (const Argument &argument : procedure.arguments)
-        fmt::print("argument {}: {}{}\n", argument.name, accepted_values(argument.kind),
-                   is_interface_index(argument) ? ", or an interface name such as zvi01" : "");
-    fmt::print("result: {}\n", result_name(procedure));
-}
 
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer) {
     if (output.json)

@@ -14,9 +14,6 @@ struct Output {
     bool show_secrets = false; // else only --raw shows them
 };
 
-void print_procedures(const Output &output, const std::vector<const Procedure *> &procedures);
-void print_procedure(const Output &output, const Procedure &procedure);
-
 // All return the exit status.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer);
 // Records that belong together, as one; none of the answers is a failure.

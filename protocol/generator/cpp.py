@@ -118,6 +118,8 @@ def protocol_rows(protocol):
     text += f"inline constexpr unsigned {program['name']} = {program['number']:#x};\n"
     text += f"inline constexpr unsigned {program['version_name']} = {program['version']};\n"
     text += f"inline constexpr unsigned last_procedure = {program['last_procedure']};\n"
+    unassigned = ", ".join(str(number) for number in program["unassigned"])
+    text += f"inline constexpr unsigned unassigned_procedures[] = {{{unassigned}}};\n"
     text += f"inline constexpr unsigned longest_return_data = {program['longest_return_data']};\n\n"
     text += "inline constexpr Procedure protocol[] = {\n"
     for each in protocol.procedures:

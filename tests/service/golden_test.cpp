@@ -118,14 +118,6 @@ TEST(GoldenTable, HasEveryProcedureByNumberAndName) {
     for (const Procedure &procedure : protocol)
         wanted.emplace(procedure.number, procedure.name);
     EXPECT_EQ(played, wanted);
-    std::set<unsigned> numbers, assigned;
-    for (const auto &[number, name] : wanted)
-        numbers.insert(number);
-    for (unsigned number = 1; number <= last_procedure; ++number)
-        if (number != unassigned_procedure)
-            assigned.insert(number);
-    EXPECT_EQ(numbers, assigned);
-    EXPECT_EQ(std::size(protocol), assigned.size());
 }
 
 } // namespace

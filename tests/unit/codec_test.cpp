@@ -111,7 +111,7 @@ TEST(Dispatch, AnswersEveryRequest) {
     EXPECT_EQ(dispatch(4, ""), "0" + words({0, 4, 7, 0, 0, 0, 0}));
     EXPECT_EQ(dispatch(14, words({1})), "0" + words({0, 0, 3, 0x31310000})); // the text "11"
     EXPECT_EQ(dispatch(43, rates.substr(0, 8)), std::to_string(GARBAGE_ARGS)) << "and nothing is called";
-    for (const unsigned number : {unassigned_procedure, last_procedure + 1, ~0U})
+    for (const unsigned number : {unassigned_procedures[0], last_procedure + 1, ~0U})
         EXPECT_EQ(dispatch(number, rates), std::to_string(PROC_UNAVAIL)) << number;
     can_send = false;
     EXPECT_EQ(dispatch(43, rates), "0" + words({0}) + std::to_string(SYSTEM_ERR));

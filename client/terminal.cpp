@@ -1,0 +1,80 @@
+#include "client/terminal.h"
+
+#include "client/text.h"
+
+#include <cstdlib>
+#include <cstring>
+#include <fmt/format.h>
+#include <langinfo.h>
+#include <libsmartcols.h>
+#include <memory>
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace {
+
+void print_tabbed(const std::vector<Row> &rows) {
+    for (const Row &row : rows)
+        fmt::print("{}\n", fmt::join(row, "\t"));
+}
+
+struct ReleaseTable {
+    void operator()(libscols_table *table) const { scols_unref_table(table); }
+};
+
+} // namespace
+
+bool is_terminal(std::FILE *stream) { return isatty(fileno(stream)) == 1; }
+
+// A terminal that is not set to UTF-8 may take its bytes for control characters.
+std::string shown_on(std::FILE *stream, std::string_view text) {
+    return printable(text, is_terminal(stream) && std::strcmp(nl_langinfo(CODESET), "UTF-8") != 0);
+}
+
+std::string emphasis(std::string_view text) {
+    const char *no_colour = std::getenv("NO_COLOR");
+    if (!is_terminal(stdout) || (no_colour != nullptr && *no_colour != '\0'))
+        return std::string{text};
+    return fmt::format("\x1b[1m{}\x1b[0m", text);
+}
+
+// It escapes the control characters of ASCII only, so a terminal gets ASCII only.
+void print_json(const Json &object) {
+    fmt::print("{}\n", object.dump(-1, ' ', is_terminal(stdout), Json::error_handler_t::replace));
+}
+
+void print_table(const Row &heading, const std::vector<Row> &rows) {
+    const std::unique_ptr<libscols_table, ReleaseTable> table{is_terminal(stdout) ? scols_new_table()
+                                                                                  : nullptr};
+    if (table == nullptr)
+        return print_tabbed(rows);
+    scols_table_enable_noencoding(table.get(), 1); // the texts are escaped already
+    for (const std::string &column : heading)
+        scols_table_new_column(table.get(), column.c_str(), 0, 0);
+    for (const Row &row : rows) {
+        libscols_line *line = scols_table_new_line(table.get(), nullptr);
+        for (std::size_t i = 0; line != nullptr && i < row.size(); ++i)
+            scols_line_set_data(line, i, row[i].c_str());
+    }
+    scols_print_table(table.get());
+}
+
+std::size_t width_of_terminal() {
+    constexpr std::size_t usual = 80;
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 40 ? size.ws_col : usual;
+}
+
+// Counts bytes: what is wrapped is the description's own English.
+std::string wrapped(std::string_view text, std::size_t indent) {
+    const std::size_t width = width_of_terminal() - indent;
+    std::string lines;
+    while (text.size() > width) {
+        std::size_t end = text.rfind(' ', width);
+        if (end == text.npos || end == 0)
+            end = std::min(text.find(' '), text.size());
+        lines.append(text.substr(0, end)).append("\n").append(indent, ' ');
+        text.remove_prefix(std::min(end + 1, text.size()));
+    }
+    return lines.append(text);
+}

@@ -1,0 +1,30 @@
+#pragma once
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Lines, tables and JSON, on a terminal or elsewhere.
+
+using Json = nlohmann::ordered_json;
+using Row = std::vector<std::string>;
+
+bool is_terminal(std::FILE *stream);
+
+// The text as that stream can take it.
+std::string shown_on(std::FILE *stream, std::string_view text);
+
+// The text in bold on a terminal, unless NO_COLOR is set.
+std::string emphasis(std::string_view text);
+
+void print_json(const Json &object);
+
+// A table on a terminal; elsewhere its lines with tabs, without the heading.
+void print_table(const Row &heading, const std::vector<Row> &rows);
+
+std::size_t width_of_terminal();
+
+// The text in lines as wide as the terminal, each but the first behind the indent.
+std::string wrapped(std::string_view text, std::size_t indent);

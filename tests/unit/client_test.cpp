@@ -53,7 +53,8 @@ TEST(Answers, AreNamedWordByWord) {
     rssi[72] = 7, rssi[73] = 0;
     const json table = value(Result::rssi_table, words(rssi));
     EXPECT_EQ(table.at("rssi").size(), 37U);
-    EXPECT_TRUE(table["rssi"][0] == -1 && table["rssi"][36] == 7);
+    EXPECT_EQ(table["rssi"][0], -1);
+    EXPECT_EQ(table["rssi"][36], 7);
 }
 
 TEST(Answers, AreNamedByteByByte) {
@@ -66,6 +67,9 @@ TEST(Answers, AreNamedByteByByte) {
         {Result::air_time_stats, image(16, {{4, "\2"}, {12, "\3"}}), "", R"({"set_a":[0,2],"set_b":[0,3]})"},
         {Result::frames_in_queue, image(16, {{0, "\1"}, {12, "\4"}}), "", R"({"planes":[1,0,0,4]})"},
         {Result::rate_data, image(976, {{40 * 23 + 32, ff}}), "/rates/23/value5", "18446744073709551615"},
+        {Result::rate_data, image(976, {{880, "\1"}, {888, "\2"}, {896, "\3"}, {904, "\4"}, {912, "\5"}}),
+         "/rates/22", R"({"value1":1,"value2":2,"value3":3,"value4":4,"value5":5})"},
+        {Result::rate_data, image(976, {{960, "\1"}, {968, "\2"}}), "/value1", "1"},
         {Result::rate_data, image(976, {{960, "\1"}, {968, "\2"}}), "/value2", "2"},
         {Result::air_time_information, image(1280, {{120, "\1"}}), "/totals/15", "1"},
         {Result::air_time_information, image(1280, {{1144, "\1"}}), "/values/127", "1"},

@@ -78,6 +78,7 @@ public:
     void fault(const std::string &name, std::string_view content) {
         write_file(path("faults/" + name), content);
     }
+    void repair(const std::string &name) { std::filesystem::remove(path("faults/" + name)); }
 
     Process &daemon() { return daemon_; }
     std::string path(const std::string &name) const { return std::string(directory) + "/" + name; }

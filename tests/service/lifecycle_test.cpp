@@ -179,7 +179,7 @@ TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
         forget();
         EXPECT_EQ(call(reset), of_stop ? -1 : 0);
         EXPECT_EQ(verbs(), of_reset);
-        std::filesystem::remove(gateway.path("faults/" + name));
+        gateway.repair(name);
         EXPECT_EQ(call(reset), 0);
     }
 }
@@ -246,12 +246,14 @@ TEST_F(Lifecycle, RestartsAreMerged) {
         SCOPED_TRACE(masks + std::to_string(asked.size()));
         forget();
         write_file(gateway.path("err"), "");
-        gateway.fault("script.zv_host.sh.restart_interfaces.5g.delay", asked.size() == 1000 ? "700" : "200");
+        const std::string hold = "script.zv_host.sh.restart_interfaces.5g.hold";
+        gateway.fault(hold, "");
         EXPECT_EQ(call(restart, 9), 0);
         ASSERT_TRUE(await_lines("log", r5));
         for (const std::uint32_t index : asked)
             EXPECT_EQ(index == 0xFFFF ? call(restart_all) : call(restart, index), 0);
-        EXPECT_EQ(verbs(), r5) << "the first one was to last longer";
+        EXPECT_EQ(verbs(), r5);
+        gateway.repair(hold);
         const std::string expected = r5 + scripts;
         EXPECT_TRUE(await([&] { return verbs().size() >= expected.size(); }));
         std::this_thread::sleep_for(50ms); // for what must not come
@@ -262,9 +264,9 @@ TEST_F(Lifecycle, RestartsAreMerged) {
 
 TEST_F(Lifecycle, FourClientsStartOneInit) {
     constexpr int rounds = 4;
-    gateway.fault("script.zv_host.sh.init.delay", "500");
     for (int round = 0; round < rounds; ++round) {
         ASSERT_EQ(call(load, 245), 0);
+        gateway.fault("script.zv_host.sh.init.hold", "");
         std::latch ready(4);
         std::atomic<int> right = 0;
         std::vector<std::jthread> clients;
@@ -277,6 +279,7 @@ TEST_F(Lifecycle, FourClientsStartOneInit) {
             });
         clients.clear();
         EXPECT_EQ(right, 4);
+        gateway.repair("script.zv_host.sh.init.hold");
         EXPECT_EQ(init_result(), 0);
         EXPECT_EQ(call(reset), 0);
     }
@@ -289,8 +292,8 @@ TEST_F(Lifecycle, AResetOvertakesARunningInit) {
     for (const bool second_succeeds : {true, false}) {
         SCOPED_TRACE(second_succeeds);
         shell(repair);
-        gateway.fault("script.zv_host.sh.init.24g.delay", "300");
-        gateway.fault("script.zv_host.sh.init.dual.delay", "800");
+        for (const char *band : {"24g", "dual"})
+            gateway.fault(std::string("script.zv_host.sh.init.") + band + ".hold", "");
         gateway.fault(
             second_succeeds ? "script.zv_host.sh.init.24g.fail" : "script.zv_host.sh.init.dual.fail", "1");
         ASSERT_EQ(call(load, 24), 0);
@@ -301,9 +304,11 @@ TEST_F(Lifecycle, AResetOvertakesARunningInit) {
         forget();
         EXPECT_EQ(call(init), in_progress);
         ASSERT_TRUE(await_lines("log", "init dual"));
+        gateway.repair("script.zv_host.sh.init.24g.hold");
         std::this_thread::sleep_for(400ms); // the first is over, with its wait
         EXPECT_EQ(call(init), in_progress);
         EXPECT_EQ(read_file(gateway.path("log")), "script zv_host.sh init dual\n");
+        gateway.repair("script.zv_host.sh.init.dual.hold");
         EXPECT_EQ(init_result(), second_succeeds ? 0 : -1);
         EXPECT_EQ(call(init), second_succeeds ? 0 : -1);
         EXPECT_EQ(count("log", "addvlans"), second_succeeds ? 1 : 0);

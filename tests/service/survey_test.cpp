@@ -96,7 +96,7 @@ TEST_F(Survey, ThatFailsLeavesItsBandCleared) {
     EXPECT_EQ(ask(result, on_5g), data_reply(0, {}, std::string(8196, '\0')));
     EXPECT_EQ(ask(scan_status, on_24g), number(finished));
     EXPECT_EQ(ask(entries, on_24g), number(3));
-    std::filesystem::remove(gateway.path("faults/survey.zv00.fail"));
+    gateway.repair("survey.zv00.fail");
     gateway.fault("survey.zv00.answer", "\xff");
     EXPECT_EQ(ask(scan, on_5g), accepted);
     await_end(on_5g, finished);

@@ -17,6 +17,7 @@ event() {
     if value=$(fault delay); then
         sleep "$((value / 1000)).$(printf '%03d' "$((value % 1000))")"
     fi
+    while fault hold >/dev/null 2>&1; do sleep 0.02; done
     if value=$(fault signal); then kill -s "$value" "$$"; fi
     if value=$(fault fail); then exit "$value"; fi
     if fault answer; then exit 0; fi

@@ -2,14 +2,17 @@
 
 #include "rpc/protocol.h"
 
+#include <arpa/inet.h>
 #include <csignal>
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 #include <set>
 #include <sstream>
+#include <sys/socket.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -178,9 +181,6 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
 TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     Gateway gateway;
     make_afresh();
-    const auto fault = [&](const char *name, const char *text) {
-        write_file(gateway.path(std::string("faults/") + name), text);
-    };
     play({
         {{"scan", "1"}, 1, "", "wlan_ap_scan: the daemon answered failure"}, // no driver yet
         {{"up"}, 0, "done\n", ""},
@@ -199,8 +199,8 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     EXPECT_EQ(answer.at("/value/count"_json_pointer), 2);
     EXPECT_EQ(answer.at("/value/entries/1/ssid"_json_pointer), "Office\t\x1b[31m");
     EXPECT_EQ(hostile.out.find('\x1b'), std::string::npos);
-    fault("survey.zv00.fail", "5");
-    fault("survey.zvi00.delay", "1500");
+    gateway.fault("survey.zv00.fail", "5");
+    gateway.fault("survey.zvi00.delay", "1500");
     play({{{"scan", "9"}, 1, "", "the scan failed"},
           {{"--json", "scan", "9"},
            1,
@@ -218,9 +218,6 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
 TEST(Wlanctl, ShowsStationsAndCounters) {
     Gateway gateway;
     make_afresh();
-    const auto fault = [&](const char *name) {
-        write_file(gateway.path(std::string("faults/") + name), "5");
-    };
     const Row no_stations{{"stations", "1"}, 1, "", "wlan_get_assoc_devices_table: the daemon answered"};
     const Row no_basic_stats{{"stats", "1"}, 1, "", "wlan_get_basic_stats: the daemon answered"};
     play({
@@ -260,14 +257,56 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
     EXPECT_EQ(value({"stations", "9"}).at("/devices/1/mac_address"_json_pointer), "00:00:5E:00:53:B2");
     EXPECT_EQ(value({"stats", "9"}).at("unknown_protocol_packets_received"), 5013);
     const nlohmann::json second = value({"get", "assoc_device", "1", "1"}); // of the BSS
-    EXPECT_TRUE(second.at("mac_address") == "00:00:5E:00:53:A3" && second.at("rssi") == -69) << second;
+    EXPECT_EQ(second.at("mac_address"), "00:00:5E:00:53:A3");
+    EXPECT_EQ(second.at("rssi"), -69);
     write_file(gateway.path("24g/stations"), "");
     play({{{"stations", "1"}, 0, "", ""}});
-    fault("show.zvi00.pkt_counters.fail");
+    gateway.fault("show.zvi00.pkt_counters.fail", "5");
     play({{{"stats", "1"}, 1, "", "wlan_get_stats: the daemon answered"},
           {{"--json", "stats", "1"}, 1, json("wlan_get_stats", "failed", "-1"), ""}});
-    fault("stations.fail");
+    gateway.fault("stations.fail", "5");
     play({no_stations, no_basic_stats});
+}
+
+// Answers one call: first under a number that is not the call's, then with the body.
+void answer_once(int server, const std::string &body) {
+    sockaddr_in from{};
+    socklen_t length = sizeof from;
+    auto *const client = reinterpret_cast<sockaddr *>(&from);
+    std::string number(4, '~');
+    if (recvfrom(server, number.data(), number.size(), 0, client, &length) < 0)
+        return;
+    const std::string accepted = word(1) + word(0) + word(0) + word(0) + word(0);
+    const std::string wrong = word(~0U) + accepted + data_reply(0, {99, 99}, std::string("wrong\0", 6));
+    const std::string right = number + accepted + body;
+    sendto(server, wrong.data(), wrong.size(), 0, client, length);
+    sendto(server, right.data(), right.size(), 0, client, length);
+}
+
+TEST(Wlanctl, TakesAWholeReplyToItsOwnCall) {
+    Gateway registered; // so that the portmapper names another port
+    const int server = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+    socklen_t length = sizeof address;
+    auto *const name = reinterpret_cast<sockaddr *>(&address);
+    ASSERT_EQ(bind(server, name, length), 0);
+    ASSERT_EQ(getsockname(server, name, &length), 0);
+    const std::vector<std::string> port{"--port", std::to_string(ntohs(address.sin_port)), "--timeout", "2"};
+    const char lacking[] = "the reply of the daemon lacks the value";
+    const std::pair<std::string, Row> rows[] = {
+        {data_reply(0, {}, std::string("right\0", 6)), {{"get", "ssid", "1"}, 0, "ssid: right\n", ""}},
+        {data_reply(0, {}, ""), {{"get", "ssid", "1"}, 5, "", lacking}},
+        {data_reply(0, {}, ""), {{"get", "number_of_entries"}, 5, "", lacking}},
+        {data_reply(0, {1, 2, 3, 4}, ""), {{"get", "basic_stats", "1"}, 5, "", lacking}},
+        {data_reply(0, {}, std::string(235, '\0')), {{"get", "assoc_device", "1", "1"}, 5, "", lacking}},
+        {data_reply(0, {}, std::string(237, '\0')), {{"get", "assoc_device", "1", "1"}, 5, "", lacking}},
+    };
+    for (const auto &[body, row] : rows) {
+        const std::jthread daemon(answer_once, server, body);
+        play({{join(port, row.words), row.status, row.out, row.err}});
+    }
+    play({{join(port, {"get", "ssid", "1"}), 3, "", "no reply from the daemon in time (2 s)"}});
+    close(server);
 }
 
 TEST(Wlanctl, SaysThatNoDaemonIsRegistered) {
@@ -311,9 +350,7 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
             at = log.find(line, at);
         return at != std::string::npos;
     };
-    for (int tries = 0; tries < 1000 && !all_came(); ++tries)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
-    EXPECT_TRUE(all_came()) << read_file(log_file);
+    EXPECT_TRUE(await(all_came)) << read_file(log_file);
     for (const char *verb : {"load", "init", "removevlans"})
         write_file(script_fault + verb + ".fail", "1");
     play({{{"down"}, 1, "", "wlan_reset: the daemon answered failure"},

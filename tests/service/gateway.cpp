@@ -83,10 +83,23 @@ void write_file(const std::string &path, std::string_view text) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience) {
+    const auto end = std::chrono::steady_clock::now() + patience;
+    while (std::chrono::steady_clock::now() < end) {
+        if (come_true())
+            return true;
+        std::this_thread::sleep_for(5ms);
+    }
+    return false;
+}
+
 namespace {
 
-std::vector<std::string> daemon_command(const std::vector<std::string> &arguments) {
-    std::vector<std::string> command{BINARY_DIR "/bin/wlan-configd"};
+std::vector<std::string> daemon_command(const std::vector<std::string> &arguments, const std::string &start) {
+    std::vector<std::string> command;
+    if (!start.empty())
+        command = {"/bin/sh", "-c", start, "sh"};
+    command.push_back(BINARY_DIR "/bin/wlan-configd");
     command.insert(command.end(), arguments.begin(), arguments.end());
     return command;
 }
@@ -126,8 +139,9 @@ unsigned find_port(pid_t process) {
 
 } // namespace
 
-Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment)
-    : daemon_(daemon_command(arguments), gateway_environment(environment), path("out"), path("err")),
+Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment,
+                 const std::string &start)
+    : daemon_(daemon_command(arguments, start), gateway_environment(environment), path("out"), path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
 
 Client::Client(unsigned port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -35,6 +36,8 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
 std::string read_file(const std::string &path);
 void write_file(const std::string &path, std::string_view text);
 
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(20));
+
 // A socket of its own; several at once are several clients.
 class Client {
 public:
@@ -59,9 +62,10 @@ class Gateway {
 public:
     static constexpr char directory[] = "/tmp/gateway";
 
-    // `environment` is put before what the gateway's own says.
+    // `environment` goes on top of the gateway's own. `start` is what a shell does instead of only starting
+    // the daemon; then there is no simulated driver.
     explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"},
-                     const std::vector<std::string> &environment = {});
+                     const std::vector<std::string> &environment = {}, const std::string &start = "");
 
     std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
                                     std::uint32_t *status = nullptr, int patience_ms = 5000) {
@@ -71,6 +75,10 @@ public:
         return client_.exchange(datagram, patience_ms);
     }
     bool answers() { return client_.answers(); }
+    void fault(const std::string &name, std::string_view content) {
+        write_file(path("faults/" + name), content);
+    }
+    void repair(const std::string &name) { std::filesystem::remove(path("faults/" + name)); }
 
     Process &daemon() { return daemon_; }
     std::string path(const std::string &name) const { return std::string(directory) + "/" + name; }

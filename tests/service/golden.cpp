@@ -125,8 +125,7 @@ void start_driver(Gateway &gateway) {
     constexpr std::uint32_t load = 1, init = 2, in_progress = 3;
     gateway.call(load, word(245));
     std::optional<std::string> answer;
-    for (int i = 0; i < 500 && (answer = gateway.call(init, "")) == word(in_progress); ++i)
-        std::this_thread::sleep_for(std::chrono::milliseconds(10));
+    await([&] { return (answer = gateway.call(init, "")) != word(in_progress); });
     if (answer != word(0))
         throw std::runtime_error("the driver does not come up");
 }

@@ -41,13 +41,6 @@ int code(Client &client, std::uint32_t procedure, const std::string &arguments =
     return static_cast<int>(ntohl(value));
 }
 
-bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = 20s) {
-    for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))
-        if (come_true())
-            return true;
-    return false;
-}
-
 void shell(const std::string &command) { ASSERT_EQ(std::system(command.c_str()), 0) << command; }
 
 // A gateway with scripts of its own, which can be broken.
@@ -78,9 +71,6 @@ protected:
         ASSERT_EQ(call(load, 245), 0);
         ASSERT_EQ(call(init), in_progress);
         ASSERT_EQ(init_result(), 0);
-    }
-    void fault(const std::string &name, const std::string &content) {
-        write_file(gateway.path("faults/" + name), content);
     }
     long count(const std::string &file, const std::string &text) {
         const std::string content = read_file(gateway.path(file));
@@ -182,14 +172,14 @@ TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
         const bool of_stop = name.find("remove") != name.npos || name.find("stop") != name.npos;
         ASSERT_EQ(call(load, 245), 0);
         forget();
-        fault(name, content);
+        gateway.fault(name, content);
         EXPECT_EQ(call(init), in_progress);
         EXPECT_EQ(init_result(), of_stop ? 0 : -1);
         EXPECT_EQ(verbs(), of_init);
         forget();
         EXPECT_EQ(call(reset), of_stop ? -1 : 0);
         EXPECT_EQ(verbs(), of_reset);
-        std::filesystem::remove(gateway.path("faults/" + name));
+        gateway.repair(name);
         EXPECT_EQ(call(reset), 0);
     }
 }
@@ -213,10 +203,11 @@ TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     ASSERT_EQ(call(load, 245), 0);
     const std::vector<double> idle = latencies(client);
     for (const char *verb : {"init", "restart_interfaces"})
-        fault(std::string("script.zv_host.sh.") + verb + ".delay", "3600000");
+        gateway.fault(std::string("script.zv_host.sh.") + verb + ".delay", "3600000");
     EXPECT_EQ(call(init), in_progress);
     EXPECT_EQ(call(restart, 9), 0);
-    ASSERT_TRUE(await_lines("log", "init dual") && await_lines("log", "restart_interfaces 5g"));
+    ASSERT_TRUE(await_lines("log", "init dual"));
+    ASSERT_TRUE(await_lines("log", "restart_interfaces 5g"));
     const std::vector<double> busy = latencies(client);
     const auto begun = Clock::now();
     EXPECT_EQ(call(init), in_progress);
@@ -255,12 +246,14 @@ TEST_F(Lifecycle, RestartsAreMerged) {
         SCOPED_TRACE(masks + std::to_string(asked.size()));
         forget();
         write_file(gateway.path("err"), "");
-        fault("script.zv_host.sh.restart_interfaces.5g.delay", asked.size() == 1000 ? "700" : "200");
+        const std::string hold = "script.zv_host.sh.restart_interfaces.5g.hold";
+        gateway.fault(hold, "");
         EXPECT_EQ(call(restart, 9), 0);
         ASSERT_TRUE(await_lines("log", r5));
         for (const std::uint32_t index : asked)
             EXPECT_EQ(index == 0xFFFF ? call(restart_all) : call(restart, index), 0);
-        EXPECT_EQ(verbs(), r5) << "the first one was to last longer";
+        EXPECT_EQ(verbs(), r5);
+        gateway.repair(hold);
         const std::string expected = r5 + scripts;
         EXPECT_TRUE(await([&] { return verbs().size() >= expected.size(); }));
         std::this_thread::sleep_for(50ms); // for what must not come
@@ -271,9 +264,9 @@ TEST_F(Lifecycle, RestartsAreMerged) {
 
 TEST_F(Lifecycle, FourClientsStartOneInit) {
     constexpr int rounds = 4;
-    fault("script.zv_host.sh.init.delay", "500");
     for (int round = 0; round < rounds; ++round) {
         ASSERT_EQ(call(load, 245), 0);
+        gateway.fault("script.zv_host.sh.init.hold", "");
         std::latch ready(4);
         std::atomic<int> right = 0;
         std::vector<std::jthread> clients;
@@ -286,6 +279,7 @@ TEST_F(Lifecycle, FourClientsStartOneInit) {
             });
         clients.clear();
         EXPECT_EQ(right, 4);
+        gateway.repair("script.zv_host.sh.init.hold");
         EXPECT_EQ(init_result(), 0);
         EXPECT_EQ(call(reset), 0);
     }
@@ -298,9 +292,10 @@ TEST_F(Lifecycle, AResetOvertakesARunningInit) {
     for (const bool second_succeeds : {true, false}) {
         SCOPED_TRACE(second_succeeds);
         shell(repair);
-        fault("script.zv_host.sh.init.24g.delay", "300");
-        fault("script.zv_host.sh.init.dual.delay", "800");
-        fault(second_succeeds ? "script.zv_host.sh.init.24g.fail" : "script.zv_host.sh.init.dual.fail", "1");
+        for (const char *band : {"24g", "dual"})
+            gateway.fault(std::string("script.zv_host.sh.init.") + band + ".hold", "");
+        gateway.fault(
+            second_succeeds ? "script.zv_host.sh.init.24g.fail" : "script.zv_host.sh.init.dual.fail", "1");
         ASSERT_EQ(call(load, 24), 0);
         EXPECT_EQ(call(init), in_progress);
         ASSERT_TRUE(await_lines("log", "init 24g"));
@@ -309,9 +304,11 @@ TEST_F(Lifecycle, AResetOvertakesARunningInit) {
         forget();
         EXPECT_EQ(call(init), in_progress);
         ASSERT_TRUE(await_lines("log", "init dual"));
+        gateway.repair("script.zv_host.sh.init.24g.hold");
         std::this_thread::sleep_for(400ms); // the first is over, with its wait
         EXPECT_EQ(call(init), in_progress);
         EXPECT_EQ(read_file(gateway.path("log")), "script zv_host.sh init dual\n");
+        gateway.repair("script.zv_host.sh.init.dual.hold");
         EXPECT_EQ(init_result(), second_succeeds ? 0 : -1);
         EXPECT_EQ(call(init), second_succeeds ? 0 : -1);
         EXPECT_EQ(count("log", "addvlans"), second_succeeds ? 1 : 0);
@@ -339,10 +336,10 @@ TEST_F(Lifecycle, AStopKeepsARunningInitOut) {
         shell(repair);
         write_file(gateway.path("err"), "");
         write_file(gateway.path("sleep_ms"), sleep);
-        fault("script.zv_host.sh.init.delay", init_delay);
-        fault("script.zv_host.sh.removevlans.delay", stop_delay);
+        gateway.fault("script.zv_host.sh.init.delay", init_delay);
+        gateway.fault("script.zv_host.sh.removevlans.delay", stop_delay);
         if (stop_fails)
-            fault("script.zv_host.sh.stop.fail", "1");
+            gateway.fault("script.zv_host.sh.stop.fail", "1");
         ASSERT_EQ(call(load, 245), 0);
         forget();
         EXPECT_EQ(call(init), in_progress);
@@ -379,8 +376,8 @@ TEST_F(Lifecycle, AThreadThatCannotBeHadIsReported) {
                                                   "[ZAV-API] Error wlan_restart_thread_start" + refused +
                                                   "[ZAV-API] Error wlan_restart_thread_start" + refused);
     ASSERT_EQ(prlimit(daemon, RLIMIT_AS, &usual, nullptr), 0);
-    EXPECT_EQ(call(restart, 1), 0);
-    EXPECT_TRUE(await_lines("err", "mask:0205\n"));
+    EXPECT_EQ(call(restart, 3), 0); // once more: the thread may have taken the mask before
+    EXPECT_TRUE(await_lines("err", "mask:0204\n"));
     EXPECT_EQ(call(init), 0);
     EXPECT_EQ(call(reset), 0);
     bring_up();

@@ -8,13 +8,14 @@
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/resource.h>
 #include <sys/wait.h>
 #include <thread>
 
 namespace {
 
 constexpr std::uint32_t proc_unavailable = 3, garbage_arguments = 4;
-constexpr std::uint32_t set_max_bitrate = 15, get_ssid = 21, set_ssid = 22;
+constexpr std::uint32_t load = 1, reset = 3, set_max_bitrate = 15, get_ssid = 21, set_ssid = 22;
 
 #ifdef SANITIZED
 constexpr int hostile_datagrams = 50'000;
@@ -101,6 +102,39 @@ TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
 
 INSTANTIATE_TEST_SUITE_P(StartUp, BothForms,
                          testing::Values(std::vector<std::string>{}, std::vector<std::string>{"127.0.0.1"}));
+
+// The parent leaves no standard descriptors, nobody who reads, no ends of children, no room in a file.
+TEST(StartUp, StandsWhatItInherits) {
+    const std::string name = xdr_text(std::string(600, 'n'));
+    const std::tuple<const char *, std::uint32_t, std::string, int> rows[] = {
+        {"exec \"$@\" <&- >&- 2>&-", load, word(245), 0},
+        {"mkfifo /tmp/unread; exec \"$@\" 3<>/tmp/unread >/tmp/unread 3<&-", load, word(245), 0},
+        {"exec env --ignore-signal=CHLD \"$@\"", reset, "", 0},
+        {"ulimit -f 1; exec \"$@\"", set_ssid, word(1) + name, -1},
+    };
+    for (const auto &[start, procedure, arguments, code] : rows) {
+        SCOPED_TRACE(start);
+        Gateway gateway({"127.0.0.1"}, {}, start);
+        const std::string descriptors = "/proc/" + std::to_string(gateway.daemon().id()) + "/fd/";
+        for (const char *standard : {"0", "1", "2"})
+            EXPECT_FALSE(
+                std::filesystem::read_symlink(descriptors + standard).string().starts_with("socket"));
+        EXPECT_EQ(gateway.call(procedure, arguments), word(static_cast<std::uint32_t>(code)));
+        EXPECT_TRUE(gateway.answers());
+    }
+}
+
+// With a path of this length the first look at the settings needs more than the heap has left.
+TEST(StartUp, EndsWhenThereIsNoMemory) {
+    if (!memory_counts)
+        GTEST_SKIP() << "a sanitizer needs address space itself";
+    Gateway gateway({"127.0.0.1"}, {"zav_cfg_dir=/" + std::string(120'000, 'x')});
+    const rlimit tight{4096, 4096};
+    ASSERT_EQ(prlimit(gateway.daemon().id(), RLIMIT_AS, &tight, nullptr), 0);
+    gateway.call(get_ssid, word(1), nullptr, 200);
+    EXPECT_EQ(gateway.daemon().ended(), 1 << 8);
+    EXPECT_EQ(read_file(gateway.path("err")), "out of memory\n");
+}
 
 TEST(StartUp, TheSecondOfTwoIsTheOneThatClientsFind) {
     Gateway first;

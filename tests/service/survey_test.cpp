@@ -23,36 +23,31 @@ protected:
         ASSERT_EQ(gateway.call(load, word(245)), word(0));
         ASSERT_EQ(settled(init, "", word(3)), word(0));
     }
-    void fault(const char *name, const char *text) {
-        write_file(gateway.path(std::string("faults/") + name), text);
-    }
-    std::optional<std::string> ask(std::uint32_t procedure, std::uint32_t index) {
-        return gateway.call(procedure, word(index));
+    using Answer = std::optional<std::string>;
+    using Both = std::pair<Answer, Answer>; // of 2.4 GHz and of 5 GHz
+    Answer ask(std::uint32_t procedure, std::uint32_t index) { return gateway.call(procedure, word(index)); }
+    Both ask_both(std::uint32_t procedure, std::uint32_t bss = 0) {
+        return {ask(procedure, on_24g + bss), ask(procedure, on_5g + bss)};
     }
     void await_end(std::uint32_t index, std::uint32_t expected) {
         EXPECT_EQ(settled(scan_status, word(index), number(running)), number(expected));
     }
-    // What the answer becomes; after ten seconds, whatever it is then.
-    std::optional<std::string> settled(std::uint32_t procedure, const std::string &arguments,
-                                       const std::string &passing) {
-        const auto deadline = Clock::now() + 10s;
-        auto answer = gateway.call(procedure, arguments);
-        while (answer == passing && Clock::now() < deadline) {
-            std::this_thread::sleep_for(20ms);
-            answer = gateway.call(procedure, arguments);
-        }
+    // What the answer becomes; in the end, whatever it is then.
+    Answer settled(std::uint32_t procedure, const std::string &arguments, const std::string &passing) {
+        Answer answer;
+        await([&] { return (answer = gateway.call(procedure, arguments)) != passing; });
         return answer;
     }
     Gateway gateway;
 };
 
 TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
-    EXPECT_TRUE(ask(scan_status, on_24g) == number(never) && ask(scan_status, on_5g) == number(never));
+    EXPECT_EQ(ask_both(scan_status), Both(number(never), number(never)));
     EXPECT_EQ(ask(result, on_5g), data_reply(0, {}, std::string(8196, '\0')));
-    fault("survey.delay", "2000");
+    gateway.fault("survey.delay", "2000");
     const auto begun = Clock::now();
-    EXPECT_TRUE(ask(scan, on_24g) == accepted && ask(scan, on_5g) == accepted);
-    EXPECT_TRUE(ask(scan, on_24g + 7) == refused && ask(scan, on_5g + 7) == refused) << "both are busy";
+    EXPECT_EQ(ask_both(scan), Both(accepted, accepted));
+    EXPECT_EQ(ask_both(scan, 7), Both(refused, refused)) << "both are busy";
     EXPECT_EQ(ask(restart_all, 0), word(0));
     const std::string words = " --port " + std::to_string(gateway.port()) + " get ssid 1";
     const std::string other_client =
@@ -62,9 +57,9 @@ TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
                         {{"/bin/sh", "-c", other_client}, {}, "/tmp/3.out", "/tmp/3.err"}};
     int calls = 0;
     for (auto before = begun; before < begun + 1500ms; ++calls) {
-        ASSERT_TRUE(ask(scan_status, on_24g) == number(running) &&
-                    ask(scan_status, on_5g) == number(running));
-        ASSERT_TRUE(ask(entries, on_24g) == number(0) && ask(get_ssid, on_24g)) << "cleared";
+        ASSERT_EQ(ask_both(scan_status), Both(number(running), number(running)));
+        ASSERT_EQ(ask(entries, on_24g), number(0)) << "cleared";
+        ASSERT_TRUE(ask(get_ssid, on_24g));
         const auto now = Clock::now();
         ASSERT_LT(now - before, 500ms) << "four calls";
         before = now;
@@ -75,14 +70,14 @@ TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
     await_end(on_24g, finished);
     await_end(on_5g, finished);
     EXPECT_LT(Clock::now() - begun, 3500ms) << "at once, not one after the other";
-    EXPECT_TRUE(ask(entries, on_24g + 1) == number(3) && ask(entries, on_5g + 1) == number(2));
+    EXPECT_EQ(ask_both(entries, 1), Both(number(3), number(2)));
     const std::string out = read_file(gateway.path("out"));
     EXPECT_NE(out.find("end wlan_ap_scan_1_svc\n"), out.npos) << "without debugging";
     EXPECT_NE(out.find("end wlan_get_ap_scan_status_1_svc\n"), out.npos);
 }
 
 TEST_F(Survey, StatusIsNeverThatOfTheScanBefore) {
-    fault("survey.delay", "50");
+    gateway.fault("survey.delay", "50");
     for (int i = 0; i < 20; ++i) {
         ASSERT_EQ(ask(scan, on_5g), accepted);
         ASSERT_EQ(ask(scan_status, on_5g), number(running));
@@ -95,13 +90,14 @@ TEST_F(Survey, ThatFailsLeavesItsBandCleared) {
         EXPECT_EQ(ask(scan, index), accepted);
         await_end(index, finished);
     }
-    fault("survey.zv00.fail", "5");
+    gateway.fault("survey.zv00.fail", "5");
     EXPECT_EQ(ask(scan, on_5g), accepted);
     await_end(on_5g, failed);
     EXPECT_EQ(ask(result, on_5g), data_reply(0, {}, std::string(8196, '\0')));
-    EXPECT_TRUE(ask(scan_status, on_24g) == number(finished) && ask(entries, on_24g) == number(3));
-    std::filesystem::remove(gateway.path("faults/survey.zv00.fail"));
-    fault("survey.zv00.answer", "\xff");
+    EXPECT_EQ(ask(scan_status, on_24g), number(finished));
+    EXPECT_EQ(ask(entries, on_24g), number(3));
+    gateway.repair("survey.zv00.fail");
+    gateway.fault("survey.zv00.answer", "\xff");
     EXPECT_EQ(ask(scan, on_5g), accepted);
     await_end(on_5g, finished);
     EXPECT_EQ(ask(entries, on_5g), number(64));

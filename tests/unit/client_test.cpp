@@ -53,7 +53,8 @@ TEST(Answers, AreNamedWordByWord) {
     rssi[72] = 7, rssi[73] = 0;
     const json table = value("wlan_get_rssi_table", words(rssi));
     EXPECT_EQ(table.at("rssi").size(), 37U);
-    EXPECT_TRUE(table["rssi"][0] == -1 && table["rssi"][36] == 7);
+    EXPECT_EQ(table["rssi"][0], -1);
+    EXPECT_EQ(table["rssi"][36], 7);
 }
 
 TEST(Answers, AreNamedByteByByte) {
@@ -67,6 +68,10 @@ TEST(Answers, AreNamedByteByByte) {
         {"wlan_get_frames_in_queue_data", image(16, {{0, "\1"}, {12, "\4"}}), "/planes", "[1,0,0,4]"},
         {"wlan_get_rate_adapt_data", image(976, {{40 * 23 + 32, ff}}), "/rates/23/value5",
          "18446744073709551615"},
+        {"wlan_get_rate_adapt_data",
+         image(976, {{880, "\1"}, {888, "\2"}, {896, "\3"}, {904, "\4"}, {912, "\5"}}), "/rates/22",
+         R"({"value1":1,"value2":2,"value3":3,"value4":4,"value5":5})"},
+        {"wlan_get_rate_adapt_data", image(976, {{960, "\1"}, {968, "\2"}}), "/value1", "1"},
         {"wlan_get_rate_adapt_data", image(976, {{960, "\1"}, {968, "\2"}}), "/value2", "2"},
         {"wlan_get_bss_air_time_management_info", image(1280, {{120, "\1"}}), "/totals/15", "1"},
         {"wlan_get_bss_air_time_management_info", image(1280, {{1144, "\1"}}), "/values/127", "1"},

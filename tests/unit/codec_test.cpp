@@ -63,14 +63,17 @@ TEST(Codec, AllocatesNothingForAHostileLength) {
         for (const unsigned length : {1U << bit, 3 - bit}) {
             char *text = nullptr;
             wlan_config_result_data_t result{};
-            EXPECT_FALSE(decode(words({length, 1, 2, 3}), text) || text);
-            EXPECT_FALSE(decode(words({0, length, 1, 2, 3}), result) || result.return_u_int.return_u_int_val);
+            EXPECT_FALSE(decode(words({length, 1, 2, 3}), text));
+            EXPECT_EQ(text, nullptr);
+            EXPECT_FALSE(decode(words({0, length, 1, 2, 3}), result));
+            EXPECT_EQ(result.return_u_int.return_u_int_val, nullptr);
         }
     const std::string one_of_two_texts = words({1, 1, 0x61000000, 9, 0x62000000}); // the first must be freed
     EXPECT_EQ(recoded<wlan_set_mac_address_control_add_1_argument>(one_of_two_texts), "failed");
 }
 
-// A transport that hands out these arguments and records the replies: the status as a digit, then the result.
+// A transport that hands out these arguments and records the replies: the status as a digit, then the result;
+// and "f" where the arguments are freed.
 static std::string request_bytes, replies;
 static bool can_send = true, can_free = true;
 
@@ -90,7 +93,10 @@ static bool_t record_reply(SVCXPRT *, rpc_msg *message) {
     return good && (can_send || reply.ar_stat != SUCCESS);
 }
 
-static bool_t release(SVCXPRT *, xdrproc_t codec, void *object) { return xdr_free(codec, object), can_free; }
+static bool_t release(SVCXPRT *, xdrproc_t codec, void *object) {
+    replies += 'f';
+    return xdr_free(codec, object), can_free;
+}
 
 static std::string dispatch(unsigned number, const std::string &sent) {
     std::tie(request_bytes, replies) = std::tuple(sent, "");
@@ -108,13 +114,15 @@ TEST(Dispatch, AnswersEveryRequest) {
     std::tie(BssidNumZvi00, BssidNumZv00) = std::tuple(3, 4);
     const std::string rates = words({1, 2, 0x31320000});
     EXPECT_EQ(dispatch(NULLPROC, ""), "0");
-    EXPECT_EQ(dispatch(4, ""), "0" + words({0, 4, 7, 0, 0, 0, 0}));
-    EXPECT_EQ(dispatch(14, words({1})), "0" + words({0, 0, 3, 0x31310000})); // the text "11"
-    EXPECT_EQ(dispatch(43, rates.substr(0, 8)), std::to_string(GARBAGE_ARGS)) << "and nothing is called";
+    EXPECT_EQ(dispatch(4, ""), "0" + words({0, 4, 7, 0, 0, 0, 0}) + "f");
+    EXPECT_EQ(dispatch(14, words({1})), "0" + words({0, 0, 3, 0x31310000}) + "f"); // the text "11"
+    for (const unsigned number : {43U, 110U}) // a text too few: nothing is called, the one before it is freed
+        EXPECT_EQ(dispatch(number, rates.substr(0, number == 43 ? 8 : 12)),
+                  "f" + std::to_string(GARBAGE_ARGS));
     for (const unsigned number : {unassigned_procedures[0], last_procedure + 1, ~0U})
         EXPECT_EQ(dispatch(number, rates), std::to_string(PROC_UNAVAIL)) << number;
     can_send = false;
-    EXPECT_EQ(dispatch(43, rates), "0" + words({0}) + std::to_string(SYSTEM_ERR));
+    EXPECT_EQ(dispatch(43, rates), "0" + words({0}) + std::to_string(SYSTEM_ERR) + "f");
     can_free = false;
     EXPECT_EXIT(dispatch(43, rates), testing::ExitedWithCode(1), "^unable to free arguments$");
 }

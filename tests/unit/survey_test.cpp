@@ -104,7 +104,9 @@ TEST(Survey, IsReadWhole) {
             publish_survey(false, *answer_of(i % 2 == 0 ? twos : ones));
     });
     const auto block = std::make_unique<SurveyBlock>();
+    unsigned count = 0;
     for (int i = 0; i < 3000; ++i) {
+        ASSERT_EQ(ZAV_GetApScanNumOfEntries(on_5g, &count), success);
         ASSERT_EQ(ZAV_GetApScanResult(on_5g, block.get()), success);
         const std::string bytes(reinterpret_cast<const char *>(block.get()), sizeof *block);
         ASSERT_EQ(bytes.find_first_not_of(bytes[0]), bytes.npos) << i;

@@ -257,17 +257,17 @@ class _Builder:
     def procedure(self, table):
         keys = table.keys
         arguments = [self.argument(table, each) for each in keys["arguments"]]
-        for name in keys.get("fails", []):
+        for name in keys["fails"]:
             if name not in self.causes and [name] != [NEVER_FAILS]:
                 self.fault(table, "fails", f"no cause '{name}'")
         area = Path(table.place.path).stem
         return Procedure(
             keys["number"], keys["name"], area, [each for each in arguments if each],
             keys.get("argument_record", keys["name"] + "_1_argument" if len(arguments) > 1 else ""),
-            self.result(table, keys["result"]), keys.get("summary", ""), keys.get("scope", ""), keys.get("effect", ""),
-            keys.get("repeat") == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
-            keys.get("scripts", []), [self.causes[name] for name in keys.get("fails", []) if name in self.causes],
-            keys.get("oddities", []), keys.get("after", []), keys.get("example", {}), keys.get("tr181", ""),
+            self.result(table, keys["result"]), keys["summary"], keys["scope"], keys["effect"],
+            keys["repeat"] == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
+            keys.get("scripts", []), [self.causes[name] for name in keys["fails"] if name in self.causes],
+            keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("tr181", ""),
             keys.get("since", "1.0"))
 
     def build_procedures(self, program):

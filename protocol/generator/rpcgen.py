@@ -145,3 +145,16 @@ def write(protocol):
     text += f"program {program['name']} {{\n    version {program['version_name']} {{\n"
     text += "".join(_procedure(each) for each in protocol.procedures)
     return text + f"    }} = {program['version']};\n}} = {program['number']:#x};\n"
+
+
+def image_layout(protocol):
+    """Assertions that rpcgen's structs lie over what the daemon sends."""
+    text = '#include "wlan_config.h"\n\n#include <stddef.h>\n\n'
+    for record in protocol.records.values():
+        if record.travels != "image":
+            continue
+        text += f'_Static_assert(sizeof(struct {record.name}) == {record.size}, "{record.name}");\n'
+        for each in record.fields:
+            text += (f'_Static_assert(offsetof(struct {record.name}, {each.name}) == {each.offset}, '
+                     f'"{record.name}.{each.name}");\n')
+    return text

@@ -19,9 +19,9 @@ KINDS = {
     "field": {"name": str, "type": str, "meaning": str, "count": (int,), "form": (str,), "unit": (str,), "as": (str,),
               "column": (bool,), "used": (str,)},
     "procedure": {"number": int, "name": str, "arguments": list, "argument_record": (str,), "result": (str, dict),
-                  "summary": (str,), "scope": (str,), "effect": (str,), "repeat": (str,), "seconds": (int,), "keys": (TEXTS,),
-                  "driver": (TEXTS,), "scripts": (TEXTS,), "fails": (TEXTS,), "oddities": (TEXTS,), "after": (TEXTS,),
-                  "example": (dict,), "tr181": (str,), "since": (str,)},
+                  "summary": str, "scope": str, "effect": str, "repeat": str, "seconds": (int,), "keys": (TEXTS,),
+                  "driver": (TEXTS,), "scripts": (TEXTS,), "fails": TEXTS, "oddities": (TEXTS,), "after": (TEXTS,),
+                  "example": dict, "tr181": (str,), "since": (str,)},
     "example": {"call": str, "prints": str, "running": (bool,), "status": (int,)},
 }
 
@@ -51,6 +51,8 @@ def _key_faults(kind, key, wanted, thing):
     if not any(_is(each, thing) for each in types):
         named = " or ".join(each if isinstance(each, str) else each.__name__ for each in types)
         return [f"{kind}: '{key}' is to be {named}"]
+    if isinstance(thing, str) and key in ("summary", "meaning", "text") and not thing.strip():
+        return [f"{kind}: '{key}' is empty"]
     words = WORDS.get((kind, key))
     if words and thing not in words:
         return [f"{kind}: '{key}' is one of {', '.join(words)}, not '{thing}'"]

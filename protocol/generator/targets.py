@@ -12,6 +12,7 @@ TARGETS = {
     "include/rpc/procedures.h": cpp.procedures,
     "include/rpc/protocol_rows.h": cpp.protocol_rows,
     "include/rpc/service_rows.h": cpp.service_rows,
+    "image_layout.c": rpcgen.image_layout,
     "client/knowledge.cpp": wlanctl.knowledge,
     "python/wlan_config.py": python.write,
     "vectors.json": vectors.write,

@@ -1,0 +1,149 @@
+"""What is made from the description, against the real daemon on the simulated gateway: reference_test.py BUILD."""
+
+import importlib.util
+import json
+import os
+import shlex
+import shutil
+import struct
+import subprocess
+import sys
+import time
+import unittest
+from pathlib import Path
+
+sys.dont_write_bytecode = True
+TOP = Path(__file__).resolve().parents[2]
+BUILD = Path(sys.argv.pop(1)).resolve()
+MADE, BIN = BUILD / "protocol", BUILD / "bin"
+GATEWAY = Path("/tmp/gateway")
+sys.path.insert(0, str(TOP / "protocol"))
+from generator import model  # noqa: E402
+
+spec = importlib.util.spec_from_file_location("wlan_config", MADE / "python" / "wlan_config.py")
+wlan_config = importlib.util.module_from_spec(spec)
+sys.modules["wlan_config"] = wlan_config
+spec.loader.exec_module(wlan_config)
+
+
+def run(*command, **options):
+    return subprocess.run([str(each) for each in command], capture_output=True, text=True, timeout=60, **options)
+
+
+def make_afresh():
+    subprocess.run([TOP / "sim" / "setup", GATEWAY], check=True)
+    shutil.copy(TOP / "sim" / "factory" / "ZAV750vlan.dat", "/tmp/ZAV750vlan.dat")
+
+
+class OnTheGateway(unittest.TestCase):
+    @classmethod
+    def setUpClass(cls):
+        make_afresh()
+        given = run("sh", "-c", f". {GATEWAY}/env && env").stdout.split("\n")
+        environment = dict(line.split("=", 1) for line in given if "=" in line)
+        environment["LD_PRELOAD"] = str(BUILD / "lib" / "libzav_sim.so")
+        cls.daemon = subprocess.Popen([BIN / "wlan-configd", "127.0.0.1"], env=environment,
+                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+        for _ in range(100):
+            if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
+                return
+            time.sleep(0.05)
+        raise RuntimeError("the daemon does not answer")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.daemon.kill()
+        cls.daemon.wait()
+
+    def test_every_example_prints_what_it_says(self):
+        for each in model.load(TOP / "protocol").procedures:
+            with self.subTest(each.name):
+                make_afresh()
+                run(BIN / "wlanctl", "down")
+                if each.example.get("running"):
+                    self.assertEqual(run(BIN / "wlanctl", "up").stderr, "")
+                ran = run(BIN / "wlanctl", *shlex.split(each.example["call"]))
+                self.assertEqual((ran.stdout.rstrip("\n"), ran.returncode),
+                                 (each.example["prints"], each.example.get("status", 0)), ran.stderr)
+
+    def test_a_session_of_the_python_client(self):
+        make_afresh()
+        with wlan_config.Client() as gateway:
+            self.assertEqual(gateway.set_ssid(2, "My näme"), wlan_config.Code.SUCCESS)
+            self.assertEqual(gateway.set_ssid(2, "My näme"), wlan_config.Code.UNCHANGED)
+            self.assertEqual(gateway.get_ssid(2), "My näme")
+            with self.assertRaises(wlan_config.Failed) as failed:
+                gateway.get_ssid(99)
+            self.assertIn("the index names no BSS", str(failed.exception))
+            gateway.load(245)
+            while gateway.init() == wlan_config.Code.IN_PROGRESS:
+                time.sleep(0.05)
+            self.assertEqual([device.rssi for device in gateway.get_assoc_devices_table(9).devices], [-48, -66])
+            self.assertEqual(gateway.get_radio_tx_packets(1).packets, 5000000024)
+            gateway.reset()
+        with wlan_config.Client(port=1, timeout=0.1) as nobody, self.assertRaises(wlan_config.WlanError):
+            nobody.get_ssid(1)
+
+    def test_the_example_in_c(self):
+        make_afresh()
+        run(BIN / "wlanctl", "up")
+        for words, answer in [(["get-ssid", "2"], "0 Gateway-2.4G-2\n"), (["set-ssid", "2", "x"], "0\n"),
+                              (["get-ssid", "2"], "0 x\n"), (["stations", "9"], "00:00:5E:00:53:B1 -48 dBm\n"),
+                              (["scan", "1"], "Cafe channel 1, -40 dBm\n")]:
+            self.assertIn(answer, run(BIN / "example_client", "127.0.0.1", *words).stdout, words)
+        run(BIN / "wlanctl", "down")
+
+    @unittest.skipUnless(shutil.which("tshark"), "no tshark")
+    def test_the_dissector(self):
+        make_afresh()
+        capture = subprocess.Popen(["tshark", "-q", "-i", "lo", "-f", "udp", "-w", "/tmp/capture", "-a", "duration:20"],
+                                   stderr=subprocess.PIPE, text=True)
+        while "Capturing" not in capture.stderr.readline():
+            self.assertIsNone(capture.poll())
+        time.sleep(0.5)
+        for words in ("get ssid 2", "set key_passphrase 1 1 secretsecret", "get key_passphrase 1 1 -r", "get ssid 99"):
+            run(BIN / "wlanctl", *words.split())
+        time.sleep(1)
+        capture.terminate()
+        capture.communicate()
+        shown = run("tshark", "-r", "/tmp/capture", "-X", f"lua_script:{MADE}/wireshark/wlan-config.lua", "-V").stdout
+        for line in ('Argument: index=2', 'Text: "Gateway-2.4G-2"', "value=(12 bytes, hidden)", "Text: (12 bytes, hidden)",
+                     "Code: failed (-1)"):
+            self.assertIn(line, shown)
+        self.assertNotIn("Argument: value=\"secretsecret", shown)
+
+
+class Vectors(unittest.TestCase):
+    vectors = json.loads((MADE / "vectors.json").read_text())
+
+    def test_the_python_client_codes_every_vector(self):
+        for call in (call for case in self.vectors["cases"] for call in case["calls"]):
+            procedure = wlan_config.PROCEDURES[call["procedure"]]
+            values = [bytes.fromhex(each["bytes"]) if "bytes" in each else each["value"] for each in call["arguments"]]
+            request = bytes.fromhex(call["request"])
+            xid = struct.unpack_from(">I", request)[0]
+            self.assertEqual(wlan_config.call_message(xid, procedure.number, procedure.encode(values)), request)
+            if call["reply"] is None:
+                continue
+            body = wlan_config.reply_body(bytes.fromhex(call["reply"]), xid)
+            if call["code"] < 0:
+                with self.assertRaises(wlan_config.Failed):
+                    procedure.decode(body)
+            else:
+                procedure.decode(body)
+        for each in self.vectors["refusals"]:
+            with self.assertRaises(wlan_config.Garbled):
+                wlan_config.reply_body(bytes.fromhex(each["reply"]), struct.unpack(">I", bytes.fromhex(each["request"])[:4])[0])
+
+    def test_the_example_proves_itself_with_them(self):
+        ran = run(sys.executable, TOP / "examples" / "check_vectors.py", MADE / "vectors.json")
+        self.assertRegex(ran.stdout, r"^\d+ calls of 252 procedures are right$")
+
+    @unittest.skipUnless(importlib.util.find_spec("jsonschema"), "no jsonschema")
+    def test_they_fit_their_schema(self):
+        import jsonschema
+        jsonschema.validate(self.vectors, json.loads((TOP / "protocol" / "vectors.schema.json").read_text()))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=1)

@@ -136,10 +136,10 @@ void print_arguments(const Procedure &procedure) {
                                        kind_name(argument.kind));
         if (*value.meaning != '\0')
             text += fmt::format(": {}", value.meaning);
-        if (is_interface_index(argument))
-            text += "; or its interface name";
         const std::string values = values_line(value);
-        text += fmt::format("; {}", values.empty() ? accepted_values(argument.kind) : values);
+        text += fmt::format("; {}", is_interface_index(argument) ? "or its interface name"
+                                    : values.empty()              ? accepted_values(argument.kind)
+                                                                  : values);
         print_labelled(i == 0 ? "takes" : "", text);
         print_names(value);
     }

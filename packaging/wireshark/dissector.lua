@@ -140,7 +140,7 @@ end
 local unknown = { name = "unknown procedure", arguments = {}, result = "none" }
 
 local function dissect_call(range, pinfo, tree)
-    if range:len() < 40 or range(8, 4):uint() ~= 2 or range(12, 4):uint() ~= program then return false end
+    if range:len() < 40 or range(8, 4):uint() ~= 2 or range(12, 4):uint() ~= program then return end
     local number = range(20, 4):uint()
     local procedure = procedures[number] or unknown
     calls[key_of(range(0, 4):uint(), pinfo.src, pinfo.src_port)] = { number, pinfo.number }
@@ -150,12 +150,11 @@ local function dissect_call(range, pinfo, tree)
     local verifier = range(36 + math.ceil(credential / 4) * 4, 4):uint()
     local at = 40 + math.ceil(credential / 4) * 4 + math.ceil(verifier / 4) * 4
     pinfo.cols.info = procedure.name .. " " .. show_call(range, branch, procedure, at)
-    return true
 end
 
 local function dissect_reply(range, pinfo, tree)
     local call = calls[key_of(range(0, 4):uint(), pinfo.dst, pinfo.dst_port)]
-    if not call or range:len() < 20 then return false end
+    if not call then return end
     local procedure = procedures[call[1]] or unknown
     local branch = begin(range, pinfo, tree, procedure, "reply")
     branch:add(f.call, call[2])
@@ -171,16 +170,21 @@ local function dissect_reply(range, pinfo, tree)
         end
     end
     pinfo.cols.info = procedure.name .. ": " .. (said or "refused")
-    return true
 end
 
 -- A datagram that is shorter than it announces ends in an error of its range, which Wireshark shows.
-local function dissect(buffer, pinfo, tree)
-    if buffer:len() < 20 then return false end
-    local direction = buffer(4, 4):uint()
-    if direction == 0 then return dissect_call(buffer:range(), pinfo, tree) end
-    return direction == 1 and dissect_reply(buffer:range(), pinfo, tree)
+local function dissect(range, pinfo, tree)
+    if range:len() < 20 then return end
+    local direction = range(4, 4):uint()
+    if direction == 0 then dissect_call(range, pinfo, tree) end
+    if direction == 1 then dissect_reply(range, pinfo, tree) end
 end
 
-function wlan.dissector(buffer, pinfo, tree) dissect(buffer, pinfo, tree) end
-wlan:register_heuristic("udp", dissect)
+-- Behind the others: once it has seen the portmapper name the port, Wireshark's own RPC dissector claims every
+-- datagram there, and shows only its bytes.
+local payload = Field.new("udp.payload")
+function wlan.dissector(_, pinfo, tree)
+    local found = payload()
+    if found then dissect(found.range, pinfo, tree) end
+end
+register_postdissector(wlan)

@@ -130,7 +130,7 @@ int print_refusal(Context &context, Scan &scan, const Answer &refusal) {
     const bool busy = !ask(context.connection, *scan.status, scan.index, status) && scans(status);
     if (busy)
         return print_error(context.output, {Trouble::failed, "this radio is being scanned already"});
-    return print_answer(context.output, *scan.begin, refusal);
+    return print_outcome(context, *scan.begin, scan.index, refusal);
 }
 
 } // namespace
@@ -149,10 +149,10 @@ int up(Context &context, const std::string &name) {
     if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
         return print_end(output, error, "load goes on, and no initialisation follows it");
     if (answer.code < 0)
-        return print_answer(output, load, answer);
+        return print_outcome(context, load, flags, answer);
     if (Error error = poll(connection, init, none, "initialising", initialises, answer))
         return print_end(output, error, "initialisation goes on");
-    return print_answer(output, init, answer);
+    return print_outcome(context, init, none, answer);
 }
 
 int restart(Context &context, const std::string &index) {
@@ -169,7 +169,7 @@ int down(Context &context) {
         return print_error(context.output, error);
     if (Error error = ask_visibly(context.connection, reset, none, "stopping", long_patience, answer))
         return print_end(context.output, error, "stop goes on");
-    return print_answer(context.output, reset, answer);
+    return print_outcome(context, reset, none, answer);
 }
 
 int scan(Context &context, const std::string &index) {
@@ -194,7 +194,7 @@ int scan(Context &context, const std::string &index) {
         if (Error error = ask(connection, *scan.status, scan.index, status))
             return print_error(output, error);
     } while (scans(status));
-    return print_answer(output, *scan.result, result);
+    return print_outcome(context, *scan.result, scan.index, result);
 }
 
 int stations(Context &context, const std::string &index) {
@@ -215,7 +215,7 @@ int stats(Context &context, const std::string &index) {
         if (Error error = ask(context.connection, *procedure, arguments, answer))
             return print_error(context.output, error);
         if (answer.code < 0)
-            return print_answer(context.output, *procedure, answer);
+            return print_outcome(context, *procedure, arguments, answer);
     }
     return print_records(context.output, answers);
 }

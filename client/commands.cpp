@@ -1,5 +1,6 @@
 #include "client/commands.h"
 
+#include "client/causes.h"
 #include "client/describe.h"
 #include "client/knowledge.h"
 #include "client/values.h"
@@ -171,7 +172,13 @@ int call(Context &context, const std::string &prefix, const std::string &name,
     Answer answer;
     if (Error error = ask(context.connection, *procedure, arguments, answer))
         return print_error(context.output, error);
-    return print_answer(context.output, *procedure, answer);
+    return print_outcome(context, *procedure, arguments, answer);
+}
+
+int print_outcome(const Context &context, const Procedure &procedure, const Values &arguments,
+                  const Answer &answer) {
+    return answer.code < 0 ? print_failure(context, procedure, arguments, answer)
+                           : print_answer(context.output, procedure, answer);
 }
 
 Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer) {

@@ -40,5 +40,9 @@ Error take_arguments(Connection &connection, const Procedure &procedure,
 // The procedure `prefix` + `name`, or `name` alone where that is the whole name; the error suggests others.
 Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure);
 
+// Prints the answer or, where it is a failure, that and what can be found out about it.
+int print_outcome(const Context &context, const Procedure &procedure, const Values &arguments,
+                  const Answer &answer);
+
 // Calls the procedure; an error names it.
 Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);

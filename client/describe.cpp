@@ -138,8 +138,8 @@ void print_arguments(const Procedure &procedure) {
             text += fmt::format(": {}", value.meaning);
         const std::string values = values_line(value);
         text += fmt::format("; {}", is_interface_index(argument) ? "or its interface name"
-                                    : values.empty()              ? accepted_values(argument.kind)
-                                                                  : values);
+                                    : values.empty()             ? accepted_values(argument.kind)
+                                                                 : values);
         print_labelled(i == 0 ? "takes" : "", text);
         print_names(value);
     }

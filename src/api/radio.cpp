@@ -11,8 +11,9 @@
 namespace {
 
 // The settings file is what counts: a driver that refuses the command gets the value at its next start.
-Status set_live_key(const char *who, const char *key, const Line<int> &command, ValueLine<unsigned> entry,
-                    SuccessLine<unsigned> line, int index, unsigned value) {
+Status set_live_key(const char *who, const char *key, const Line<int> &command,
+                    api::ValueLine<unsigned> entry, api::SuccessLine<unsigned> line, int index,
+                    unsigned value) {
     log_entry_with(who, index, entry, value);
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), command.text, static_cast<int>(value));

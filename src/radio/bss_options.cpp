@@ -61,13 +61,12 @@ Status ZAV_SetWPAReAuthInterval(int index, unsigned interval) {
     log_set(__func__, index, interval);
     if (find_listed_bss(__func__, rekey_interval.bad_index, index, &bss) != success)
         return failure;
-    const char *ifname = bss.ifname.data();
-    if (read_numbers(ifname, rekey_interval.key.text, list) != success)
+    if (read_numbers(bss, rekey_interval.key.text, list) != success)
         return failure;
     const Status method =
-        write_list_text(__func__, ifname, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
+        write_list_text(__func__, bss, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
     if (method == failure)
         return failure;
     list.at(bss.number - 1) = static_cast<int>(interval);
-    return both(method, write_numbers(ifname, rekey_interval.key.text, list));
+    return both(method, write_numbers(bss, rekey_interval.key.text, list));
 }

@@ -56,9 +56,9 @@ Status read_one(const char *who, int index, Field RadioStatistics::*field, Value
 }
 
 void send(int index, const char *command) {
-    InterfaceName ifname{};
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) == success)
-        (void)SetDriverDataOnTheFly(command, ifname, 0); // these settings never fail
+    Bss bss;
+    if (find_bss(index, &bss) == success)
+        (void)SetDriverDataOnTheFly(command, bss.name, 0); // these settings never fail
 }
 
 } // namespace

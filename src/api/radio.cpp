@@ -186,7 +186,7 @@ Status wlan_setBssIsolate(int index, unsigned enable) {
 }
 
 Status wlan_getIGMPSnooping(int index, unsigned *ret_enable) {
-    return get_passing(__func__, ZAV_GetIGMPSnooping, "igmp snooping is %d\n", index, ret_enable);
+    return get_with_code(__func__, ZAV_GetIGMPSnooping, "igmp snooping is %d\n", index, ret_enable);
 }
 
 Status wlan_setIGMPSnooping(int index, unsigned enable) {
@@ -208,7 +208,7 @@ Status wlan_SetFCC1430Enable(unsigned enable) {
         log_error("[ZAV-API] Error %s int wlan_SetFCC1430Enable failed !!!\n", __func__);
     else
         log_debug("[ZAV-API] %s FCC 14/30 set to:%u\n", __func__, enable);
-    return folded(result);
+    return getter_code(result);
 }
 
 Status wlan_getRadioStats(int index) {

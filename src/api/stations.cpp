@@ -133,7 +133,7 @@ Status wlan_getBasicStats(int index, wlan_basicStats_t *ret_stats) {
 Status wlan_getStats(int index, wlan_stats_t *ret_stats) {
     log_entry(__func__, index);
     PacketCounters counters = std::bit_cast<PacketCounters>(*ret_stats);
-    const Status result = folded(ZAV_GetStats(index, &counters));
+    const Status result = getter_code(ZAV_GetStats(index, &counters));
     *ret_stats = std::bit_cast<wlan_stats_t>(counters);
     const auto &[tx_errors, rx_errors, tx, rx, tx_drops, rx_drops, tx_multicast, rx_multicast, tx_broadcast,
                  rx_broadcast, unknown] = counters;

@@ -1,11 +1,13 @@
 #pragma once
 
+#include "backend/line.h"
 #include "backend/log.h"
 #include "backend/settings_by_index.h"
 #include "backend/status.h"
 
 #include <array>
 #include <span>
+#include <type_traits>
 
 // The forms of an API operation: entry line, backend operation, then one error line or the success line.
 // Getters fold every result other than -1 into 0; setters pass the result on. Lines are what follows the name
@@ -65,11 +67,12 @@ Status report(const char *who, Status result, const api::SuccessLine<Value> &lin
     return report_line(who, result, line, api::shown(value));
 }
 
-constexpr Status folded(Status result) { return result == failure ? failure : success; }
+// What a getter answers: of success there is one kind.
+constexpr Status getter_code(Status result) { return result == failure ? failure : success; }
 
 template <class Out>
-Status get_passing(const char *who, Status (*operation)(int, Out), api::SuccessLine<Out> line, int index,
-                   std::type_identity_t<Out> ret_value, Entry entry = Entry::named) {
+Status get_with_code(const char *who, Status (*operation)(int, Out), api::SuccessLine<Out> line, int index,
+                     std::type_identity_t<Out> ret_value, Entry entry = Entry::named) {
     log_entry(who, index, entry);
     const Status result = operation(index, ret_value);
     return report<Out>(who, result, line, ret_value);
@@ -78,7 +81,7 @@ Status get_passing(const char *who, Status (*operation)(int, Out), api::SuccessL
 template <class Out>
 Status get(const char *who, Status (*operation)(int, Out), api::SuccessLine<Out> line, int index,
            std::type_identity_t<Out> ret_value, Entry entry = Entry::named) {
-    return folded(get_passing(who, operation, line, index, ret_value, entry));
+    return getter_code(get_with_code(who, operation, line, index, ret_value, entry));
 }
 
 template <class Value>
@@ -100,24 +103,25 @@ inline Status set_as_stored(const char *who, Status (*operation)(int, const char
 }
 
 // Actions of an interface.
-inline Status act(const char *who, Status (*operation)(int), Line<> line, int index) {
+inline Status run_action(const char *who, Status (*operation)(int), Line<> line, int index) {
     log_entry(who, index);
     return report(who, operation(index), line);
 }
 
 // Operations with a selector before the value: an access category, the number of a key or of a registrar.
 template <class Out>
-Status get_of(const char *who, Status (*operation)(int, int, Out), Line<int> entry,
-              api::SuccessLine<Out> line, int index, int selector, std::type_identity_t<Out> ret_value) {
+Status get_selected(const char *who, Status (*operation)(int, int, Out), Line<int> entry,
+                    api::SuccessLine<Out> line, int index, int selector,
+                    std::type_identity_t<Out> ret_value) {
     log_entry_with(who, index, entry, selector);
     const Status result = operation(index, selector, ret_value);
-    return folded(report<Out>(who, result, line, ret_value));
+    return getter_code(report<Out>(who, result, line, ret_value));
 }
 
 template <class Value>
-Status set_of(const char *who, Status (*operation)(int, int, Value),
-              std::type_identity_t<Line<int, Value>> entry, api::SuccessLine<Value> line, int index,
-              int selector, std::type_identity_t<Value> value) {
+Status set_selected(const char *who, Status (*operation)(int, int, Value),
+                    std::type_identity_t<Line<int, Value>> entry, api::SuccessLine<Value> line, int index,
+                    int selector, std::type_identity_t<Value> value) {
     log_entry_with(who, index, entry, selector, value);
     return report<Value>(who, operation(index, selector, value), line, value);
 }

@@ -23,6 +23,6 @@ Status ZAV_GetBSSID(int index, std::span<char> ret_bssid);
 // The index of the BSS with that BSSID, upper or lower case; the port is always 0. -1 when there is none.
 Status ZAV_GetBSSIDPort(const char *bssid, unsigned *ret_port, unsigned *ret_index);
 
-// (Its name is spelt so.) Puts the BSS with that BSSID into the VLAN: its slot, the members of the slot, the
-// port's VLAN id. 0 or -1.
+// (Clients and logs know it by this name.) Puts the BSS with that BSSID into the VLAN: its slot, the members
+// of the slot, the port's VLAN id. 0 or -1.
 Status ZAV_AssocitaleVlan(const char *bssid, std::uint16_t vlan);

@@ -95,7 +95,7 @@ Status ZAV_SetChannel(int index, unsigned channel) {
     const Status stored = nvram_set_int(bss, "Channel", number);
     if (stored == failure || number == 0 || bss.radio != Radio::band_24g)
         return stored;
-    return both(stored, follow_channel(bss, number));
+    return code_of_two(stored, follow_channel(bss, number));
 }
 
 Status ZAV_GetCurrentChannel(int index, unsigned *ret_channel) {

@@ -45,7 +45,8 @@ const StationRecord *next_station(const char *who, const StationTable &table, un
     return nullptr;
 }
 
-// What a client calls a counter, what the driver's text calls it, and the file that takes it.
+// What a client calls a counter ("ByteReceived" is no slip of the pen), what the driver's text calls it, and
+// the file that takes it.
 struct BasicStat {
     std::string_view key;
     const char *label, *file;

@@ -36,22 +36,22 @@ bool is_in_range(const char *who, const BssList &setting, unsigned value) {
     return false;
 }
 
-int field_of(Holds holds, unsigned value) {
-    switch (holds) {
-    case Holds::flag:
+int field_of(FieldKind kind, unsigned value) {
+    switch (kind) {
+    case FieldKind::flag:
         return value != 0 ? 1 : 0;
-    case Holds::inverted_flag:
+    case FieldKind::inverted_flag:
         return value != 0 ? 0 : 1;
-    case Holds::number:
+    case FieldKind::number:
         break;
     }
     return static_cast<int>(value);
 }
 
-Status value_of(Holds holds, int field, unsigned *ret_value) {
-    if (holds == Holds::flag && field != 0 && field != 1)
+Status value_of(FieldKind kind, int field, unsigned *ret_value) {
+    if (kind == FieldKind::flag && field != 0 && field != 1)
         return failure;
-    *ret_value = holds == Holds::inverted_flag ? (field == 0 ? 1 : 0) : static_cast<unsigned>(field);
+    *ret_value = kind == FieldKind::inverted_flag ? (field == 0 ? 1 : 0) : static_cast<unsigned>(field);
     return success;
 }
 
@@ -155,7 +155,7 @@ Status write_setting(const char *who, const FlagPair &setting, int index, unsign
     const Status stored = nvram_set_str(bss, setting.first.text, first);
     if (stored == failure)
         return failure;
-    return both(stored, nvram_set_str(bss, setting.second.text, second));
+    return code_of_two(stored, nvram_set_str(bss, setting.second.text, second));
 }
 
 Status read_setting(const char *who, const BssList &setting, int index, unsigned *ret_value) {
@@ -168,7 +168,7 @@ Status read_setting(const char *who, const BssList &setting, int index, unsigned
         return failure;
     NumberList list;
     parse_numbers(stored.c_str(), list);
-    return value_of(setting.holds, list.at(bss.number - 1), ret_value);
+    return value_of(setting.kind, list.at(bss.number - 1), ret_value);
 }
 
 Status write_setting(const char *who, const BssList &setting, int index, unsigned value) {
@@ -180,7 +180,7 @@ Status write_setting(const char *who, const BssList &setting, int index, unsigne
     if (read_numbers(bss, setting.key.text, list) != success && !setting.absent_is_zeros)
         return failure;
     int &field = list.at(bss.number - 1);
-    const int wanted = field_of(setting.holds, value);
+    const int wanted = field_of(setting.kind, value);
     if (setting.keeps_equal && field == wanted)
         return unchanged;
     field = wanted;

@@ -155,7 +155,7 @@ Status ZAV_SetWepKey(int index, int key_index, const char *key) {
         write_list_number(bss, wep_setting(key_index, "Type"), bss.number, is_ascii_wep_key(length) ? 1 : 0);
     if (type == failure)
         return failure;
-    return both(type, nvram_set_str(bss, wep_key_setting(key_index, bss), key));
+    return code_of_two(type, nvram_set_str(bss, wep_key_setting(key_index, bss), key));
 }
 
 Status ZAV_GetWepKeyPassphrase(int index, std::span<char> ret_key) {

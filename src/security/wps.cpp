@@ -335,7 +335,7 @@ Status ZAV_SetWpsUuid(int index, const char *uuid) {
     const Status with_dashes = nvram_set_str(radio.first, "WSC_UUID_Str1", uuid);
     if (with_dashes == failure)
         return failure;
-    return both(with_dashes, nvram_set_str(radio.first, "WSC_UUID_E1", digits.data()));
+    return code_of_two(with_dashes, nvram_set_str(radio.first, "WSC_UUID_E1", digits.data()));
 }
 
 Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {

@@ -1,7 +1,6 @@
 #pragma once
 
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -21,8 +20,7 @@ inline std::vector<std::string> asked;               // "NUMBER INTERFACE COMMAN
 
 // Eight BSSes a band, initialised, and nothing asked yet.
 inline void start() {
-    BssidNumZvi00 = BssidNumZv00 = 8;
-    driver_initialised = true;
+    set_known_driver(DriverState::initialised, {8, 8});
     answers.clear();
     asked.clear();
 }

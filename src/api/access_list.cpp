@@ -14,7 +14,7 @@ Status wlan_setMacAddressControlEnabled(int index, unsigned policy) {
 }
 
 Status wlan_setMacAddressControlClear(int index) {
-    return act(__func__, ZAV_SetMacAddressControlClear, "access list cleared.\n", index);
+    return run_action(__func__, ZAV_SetMacAddressControlClear, "access list cleared.\n", index);
 }
 
 Status wlan_setMacAddressControlAdd(int index, const char *mac, const char *name) {

@@ -23,7 +23,7 @@ Status wlan_delAirTimeStaByMac(int index, const char *mac);
 using FourWords = std::array<unsigned, 4>;
 Status wlan_getAirTimeStats(int index, int station, int group, FourWords *ret_counters);
 Status wlan_getFramesInQueueData(int index, int station, int queue, FourWords *ret_counters);
-// Of a station from 0 to 15; cleared on failure.
+// (Get twice: clients and logs know it so.) Of a station from 0 to 15; cleared on failure.
 Status wlan_getGetStationRateAdaptationData(int index, int station, RateData *ret_data);
 
 // The air time of each BSS and its share in percent, and what they were made of. Not written on failure.

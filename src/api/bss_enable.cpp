@@ -12,7 +12,7 @@ Status wlan_setEnable(int index, unsigned enable) {
 }
 
 Status wlan_setRestoreDefaults(int index) {
-    return act(__func__, ZAV_SetRestoreDefaults, "defaults restored.\n", index);
+    return run_action(__func__, ZAV_SetRestoreDefaults, "defaults restored.\n", index);
 }
 
 Status wlan_getCustomSSIDStr(int index, std::span<char> ret_ssid) {

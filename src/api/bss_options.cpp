@@ -39,7 +39,7 @@ Status wlan_setMaxStationNum(int index, unsigned number) {
 }
 
 Status wlan_getInterworkIeEnable(int index, unsigned *ret_enable) {
-    return get_passing(__func__, ZAV_GetInterworkIeEnable, "interworking is %d\n", index, ret_enable);
+    return get_with_code(__func__, ZAV_GetInterworkIeEnable, "interworking is %d\n", index, ret_enable);
 }
 
 Status wlan_setInterworkIeEnable(int index, unsigned enable) {
@@ -47,8 +47,8 @@ Status wlan_setInterworkIeEnable(int index, unsigned enable) {
 }
 
 Status wlan_getInterworkIeAccessNetType(int index, unsigned *ret_type) {
-    return get_passing(__func__, ZAV_GetInterworkIeAccessNetType, "access network type is %d\n", index,
-                       ret_type);
+    return get_with_code(__func__, ZAV_GetInterworkIeAccessNetType, "access network type is %d\n", index,
+                         ret_type);
 }
 
 Status wlan_setInterworkIeAccessNetType(int index, unsigned type) {

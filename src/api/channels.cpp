@@ -36,11 +36,11 @@ Status wlan_getCurrentChannel(int index, unsigned *ret_channel) {
 }
 
 Status wlan_getExtensionChannel(int index, int channel, unsigned *ret_side) {
-    return get_of(__func__, ZAV_GetExtensionChannel, "channel=%d\n", "extension channel is %d\n", index,
-                  channel, ret_side);
+    return get_selected(__func__, ZAV_GetExtensionChannel, "channel=%d\n", "extension channel is %d\n", index,
+                        channel, ret_side);
 }
 
 Status wlan_setExtensionChannel(int index, int channel, unsigned side) {
-    return set_of(__func__, ZAV_SetExtensionChannel, "channel=%d extCh=%u\n", "extension channel set to:%d\n",
-                  index, channel, side);
+    return set_selected(__func__, ZAV_SetExtensionChannel, "channel=%d extCh=%u\n",
+                        "extension channel set to:%d\n", index, channel, side);
 }

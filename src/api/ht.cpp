@@ -109,8 +109,8 @@ Status wlan_setHTRDG(int index, unsigned rdg) {
 }
 
 Status wlan_getImplicitBeamformingEnable(int index, unsigned *ret_enable) {
-    return get_passing(__func__, ZAV_GetImplicitBeamformingEnable, "implicit beamforming is %d\n", index,
-                       ret_enable);
+    return get_with_code(__func__, ZAV_GetImplicitBeamformingEnable, "implicit beamforming is %d\n", index,
+                         ret_enable);
 }
 
 Status wlan_setImplicitBeamformingEnable(int index, unsigned enable) {

@@ -2,21 +2,17 @@
 
 #include "backend/status.h"
 
-// The 802.11n settings of a radio: as those of radio.h. What the numbers mean is the driver's.
+// The 802.11n settings of a radio; radio/ht.h says what each is.
 
 Status wlan_getHTMcs(int index, unsigned *ret_mcs);
 Status wlan_setHTMcs(int index, unsigned mcs);
 Status wlan_getHTMode(int index, unsigned *ret_mode);
 Status wlan_setHTMode(int index, unsigned mode);
 
-// 0: 20 MHz, 1: 20 or 40 MHz with regard to neighbours, 2: 40 MHz without; -1 and nothing stored for any
-// other.
 Status wlan_getChannelBW(int index, unsigned *ret_bandwidth);
 Status wlan_setChannelBW(int index, unsigned bandwidth);
-// 0 or 1: fixed, 2: chosen by the driver; -1 and nothing stored for any other.
 Status wlan_getGuardInterval(int index, unsigned *ret_interval);
 Status wlan_setGuardInterval(int index, unsigned interval);
-// The extension side in force: 0 below, 1 above.
 Status wlan_getSideBand(int index, unsigned *ret_side);
 Status wlan_setSideBand(int index, unsigned side);
 

@@ -21,12 +21,12 @@ Status wlan_setWepEncryptionLevel(int index, const char *level) {
 }
 
 Status wlan_getWepKey(int index, int key_index, std::span<char> ret_key) {
-    return get_of(__func__, ZAV_GetWepKey, "keyIndex=%d\n", "WEP key: %s\n", index, key_index, ret_key);
+    return get_selected(__func__, ZAV_GetWepKey, "keyIndex=%d\n", "WEP key: %s\n", index, key_index, ret_key);
 }
 
 Status wlan_setWepKey(int index, int key_index, const char *key) {
-    return set_of(__func__, ZAV_SetWepKey, "keyIndex=%d key=%s\n", "WEP key set to:%s\n", index, key_index,
-                  key);
+    return set_selected(__func__, ZAV_SetWepKey, "keyIndex=%d key=%s\n", "WEP key set to:%s\n", index,
+                        key_index, key);
 }
 
 Status wlan_getWepKeyPassphrase(int index, std::span<char> ret_key) {
@@ -38,21 +38,21 @@ Status wlan_setWepKeyPassphrase(int index, const char *key) {
 }
 
 Status wlan_getPreSharedKey(int index, int key_index, std::span<char> ret_key) {
-    return get_of(__func__, ZAV_GetPreSharedKey, "keyIndex=%d\n", "pre-shared key: %s\n", index, key_index,
-                  ret_key);
+    return get_selected(__func__, ZAV_GetPreSharedKey, "keyIndex=%d\n", "pre-shared key: %s\n", index,
+                        key_index, ret_key);
 }
 
 Status wlan_setPreSharedKey(int index, int key_index, const char *key) {
-    return set_of(__func__, ZAV_SetPreSharedKey, "keyIndex=%d psk=%s\n", "pre-shared key set to:%s\n", index,
-                  key_index, key);
+    return set_selected(__func__, ZAV_SetPreSharedKey, "keyIndex=%d psk=%s\n", "pre-shared key set to:%s\n",
+                        index, key_index, key);
 }
 
 Status wlan_getKeyPassphrase(int index, int key_index, std::span<char> ret_passphrase) {
-    return get_of(__func__, ZAV_GetKeyPassphrase, "keyIndex=%d\n", "passphrase: %s\n", index, key_index,
-                  ret_passphrase);
+    return get_selected(__func__, ZAV_GetKeyPassphrase, "keyIndex=%d\n", "passphrase: %s\n", index, key_index,
+                        ret_passphrase);
 }
 
 Status wlan_setKeyPassphrase(int index, int key_index, const char *passphrase) {
-    return set_of(__func__, ZAV_SetKeyPassphrase, "keyIndex=%d passphrase=%s\n", "passphrase set to:%s\n",
-                  index, key_index, passphrase);
+    return set_selected(__func__, ZAV_SetKeyPassphrase, "keyIndex=%d passphrase=%s\n",
+                        "passphrase set to:%s\n", index, key_index, passphrase);
 }

@@ -10,7 +10,6 @@ namespace {
 
 constexpr unsigned char idle = 0, started = 1, finished = 2;
 
-pthread_t init_thread;
 std::atomic<unsigned char> init_state{idle}; // bits
 std::atomic<unsigned> init_reported{0};      // a final answer has been handed out
 std::atomic<int> init_result{success};       // stored before the finished bit is set
@@ -20,7 +19,7 @@ Status last_init_result() { return static_cast<Status>(init_result.load()); }
 // An init that a reset has overtaken is nobody's any more.
 void publish_result(const char *who, unsigned run, Status result) {
     const auto held = hold_stops_off();
-    if (run != driver_run)
+    if (run != driver_run())
         return;
     init_result = report(who, result, "wlan init - traffic is now passing.\n");
     init_state.fetch_or(finished, std::memory_order_release);
@@ -36,8 +35,8 @@ void *init_thread_function(void *argument) {
 }
 
 Status start_init(const char *who) {
-    unsigned run = driver_run;
-    if (!start_worker(&init_thread, init_thread_function, &run)) {
+    unsigned run = driver_run();
+    if (!start_worker(init_thread_function, &run)) {
         report_no_worker(who);
         init_reported = 1;
         log_debug("[ZAV-API] %s wlan init - error creating init thread.\n", who);

@@ -11,8 +11,9 @@
 namespace {
 
 // The settings file is what counts: a driver that refuses the command gets the value at its next start.
-Status set_live_key(const char *who, const char *key, const Line<int> &command, ValueLine<unsigned> entry,
-                    SuccessLine<unsigned> line, int index, unsigned value) {
+Status set_live_key(const char *who, const char *key, const Line<int> &command,
+                    api::ValueLine<unsigned> entry, api::SuccessLine<unsigned> line, int index,
+                    unsigned value) {
     log_entry_with(who, index, entry, value);
     std::array<char, 32> text;
     std::snprintf(text.data(), text.size(), command.text, static_cast<int>(value));
@@ -185,7 +186,7 @@ Status wlan_setBssIsolate(int index, unsigned enable) {
 }
 
 Status wlan_getIGMPSnooping(int index, unsigned *ret_enable) {
-    return get_passing(__func__, ZAV_GetIGMPSnooping, "igmp snooping is %d\n", index, ret_enable);
+    return get_with_code(__func__, ZAV_GetIGMPSnooping, "igmp snooping is %d\n", index, ret_enable);
 }
 
 Status wlan_setIGMPSnooping(int index, unsigned enable) {
@@ -207,7 +208,7 @@ Status wlan_SetFCC1430Enable(unsigned enable) {
         log_error("[ZAV-API] Error %s int wlan_SetFCC1430Enable failed !!!\n", __func__);
     else
         log_debug("[ZAV-API] %s FCC 14/30 set to:%u\n", __func__, enable);
-    return folded(result);
+    return getter_code(result);
 }
 
 Status wlan_getRadioStats(int index) {

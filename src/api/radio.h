@@ -30,17 +30,14 @@ Status wlan_setAutoRateFallbackEnable(int index, unsigned enable);
 Status wlan_getWPAGroupReAuthInterval(int index, unsigned *ret_interval);
 Status wlan_setWPAGroupReAuthInterval(int index, unsigned interval);
 
-// The getters of the following answer -1 instead. Flags are 0 or 1; numbers are stored as they come.
+// The getters of the following answer -1 instead; radio/radio.h says what each is.
 
-// Any text; it is stored as it is. The getter cuts it at the buffer.
 Status wlan_getCountryCode(int index, std::span<char> ret_code);
 Status wlan_setCountryCode(int index, const char *code);
 
-// On is stored as 0, off as 2.
 Status wlan_getBGProtection(int index, unsigned *ret_enable);
 Status wlan_setBGProtection(int index, unsigned enable);
 
-// Beacons, in TU and in beacons; accounting updates, in seconds.
 Status wlan_getBeaconInterval(int index, unsigned *ret_interval);
 Status wlan_setBeaconInterval(int index, unsigned interval);
 Status wlan_getDtimPeriod(int index, unsigned *ret_period);
@@ -48,7 +45,6 @@ Status wlan_setDtimPeriod(int index, unsigned period);
 Status wlan_getAcctUpdateInterval(int index, unsigned *ret_interval);
 Status wlan_setAcctUpdateInterval(int index, unsigned interval);
 
-// Bytes.
 Status wlan_getRTSThreshold(int index, unsigned *ret_threshold);
 Status wlan_setRTSThreshold(int index, unsigned threshold);
 Status wlan_getFragThreshold(int index, unsigned *ret_threshold);
@@ -68,7 +64,6 @@ Status wlan_setLongRetryLimit(int index, unsigned limit);
 
 Status wlan_getWPAPreAuth(int index, unsigned *ret_enable);
 Status wlan_setWPAPreAuth(int index, unsigned enable);
-// Isolation of the BSSes from each other.
 Status wlan_getBssIsolate(int index, unsigned *ret_enable);
 Status wlan_setBssIsolate(int index, unsigned enable);
 Status wlan_getIGMPSnooping(int index, unsigned *ret_enable);

@@ -2,12 +2,14 @@
 
 #include "api/wrapper.h"
 
-Status wlan_getChannelStatistics(int index, unsigned *ret_1, unsigned *ret_2, unsigned *ret_3) {
-    return report_failure(__func__, ZAV_GetChannelStatistics(index, ret_1, ret_2, ret_3));
+Status wlan_getChannelStatistics(int index, unsigned *ret_cst, unsigned *ret_activity, unsigned *ret_busy) {
+    return report_failure(__func__, ZAV_GetChannelStatistics(index, ret_cst, ret_activity, ret_busy));
 }
 
-Status wlan_getChannelNoiseFloor(int index, int *ret_1, int *ret_2, int *ret_3, int *ret_4) {
-    return report_failure(__func__, ZAV_GetChannelNoiseFloor(index, ret_1, ret_2, ret_3, ret_4));
+Status wlan_getChannelNoiseFloor(int index, int *ret_least, int *ret_most, int *ret_median,
+                                 int *ret_average) {
+    return report_failure(__func__,
+                          ZAV_GetChannelNoiseFloor(index, ret_least, ret_most, ret_median, ret_average));
 }
 
 Status wlan_getRadioTxPackets(int index, std::uint64_t *ret_count) {

@@ -38,7 +38,7 @@ Status wlan_setRadiusReAuthInterval(int index, unsigned interval) {
 }
 
 Status wlan_getAcctServerAddress(int index, std::span<char> ret_address) {
-    return get_passing(__func__, ZAV_GetAcctServerAddress, "ip address is %s\n", index, ret_address);
+    return get_with_code(__func__, ZAV_GetAcctServerAddress, "ip address is %s\n", index, ret_address);
 }
 
 Status wlan_setAcctServerAddress(int index, const char *address) {
@@ -47,7 +47,7 @@ Status wlan_setAcctServerAddress(int index, const char *address) {
 }
 
 Status wlan_getAcctServerPort(int index, unsigned *ret_port) {
-    return get_passing(__func__, ZAV_GetAcctServerPort, "port is %d\n", index, ret_port);
+    return get_with_code(__func__, ZAV_GetAcctServerPort, "port is %d\n", index, ret_port);
 }
 
 Status wlan_setAcctServerPort(int index, unsigned port) {
@@ -55,7 +55,7 @@ Status wlan_setAcctServerPort(int index, unsigned port) {
 }
 
 Status wlan_getAcctServerKey(int index, std::span<char> ret_key) {
-    return get_passing(__func__, ZAV_GetAcctServerKey, "key is %s\n", index, ret_key);
+    return get_with_code(__func__, ZAV_GetAcctServerKey, "key is %s\n", index, ret_key);
 }
 
 Status wlan_setAcctServerKey(int index, const char *key) {

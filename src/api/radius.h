@@ -13,7 +13,6 @@ Status wlan_setRadiusServerAddress(int index, const char *address);
 Status wlan_getAcctServerAddress(int index, std::span<char> ret_address);
 Status wlan_setAcctServerAddress(int index, const char *address);
 
-// Set from 1 to 65535, and 0 stores 1; read as it is stored.
 Status wlan_getRadiusServerPort(int index, unsigned *ret_port);
 Status wlan_setRadiusServerPort(int index, unsigned port);
 Status wlan_getAcctServerPort(int index, unsigned *ret_port);
@@ -25,6 +24,5 @@ Status wlan_setRadiusServerKey(int index, const char *key);
 Status wlan_getAcctServerKey(int index, std::span<char> ret_key);
 Status wlan_setAcctServerKey(int index, const char *key);
 
-// Seconds: 0, or 60 and more.
 Status wlan_getRadiusReAuthInterval(int index, unsigned *ret_interval);
 Status wlan_setRadiusReAuthInterval(int index, unsigned interval);

@@ -18,8 +18,7 @@ constexpr int first_index_24g = 1, first_index_5g = 9;
 std::mutex restart_mask_mutex;
 std::uint16_t restart_mask_next = 0;
 std::counting_semaphore<> restart_thread_semaphore{1}; // a post for each request; the first wake finds none
-pthread_t restart_thread;
-bool restart_thread_runs = false; // asked by the request thread alone
+bool restart_thread_runs = false;                      // asked by the request thread alone
 
 std::uint16_t take_mask() {
     const std::lock_guard held(restart_mask_mutex);
@@ -67,7 +66,7 @@ Status wlan_restart(int index) {
 Status wlan_restart_all() { return request(restart_everything); }
 
 Status wlan_restart_thread_start() {
-    restart_thread_runs = start_worker(&restart_thread, restart_thread_function);
+    restart_thread_runs = start_worker(restart_thread_function);
     if (!restart_thread_runs)
         report_no_worker(__func__);
     return restart_thread_runs ? success : failure;

@@ -13,33 +13,35 @@
 namespace {
 
 std::atomic<unsigned> scan_status_24g{scan_never}, scan_status_5g{scan_never};
-pthread_t ap_scan_thread;
 std::binary_semaphore first_step_done{0}; // requests come one at a time, and each waits for its thread
 
-std::atomic<unsigned> &status_of(bool is_24g) { return is_24g ? scan_status_24g : scan_status_5g; }
+std::atomic<unsigned> &status_of(Radio radio) {
+    return radio == Radio::band_24g ? scan_status_24g : scan_status_5g;
+}
 
-Status find_band(int index, bool *ret_is_24g) {
-    InterfaceName ifname;
-    if (ZAV_getIfNameByIndex(index, &ifname) != success)
+Status find_radio(int index, Radio *ret_radio) {
+    Bss bss;
+    if (ZAV_getIfNameByIndex(index, &bss) != success)
         return failure;
-    *ret_is_24g = ZAV_is24g(ifname.data()) == 1;
+    (void)ZAV_is24g(bss); // for its line
+    *ret_radio = bss.radio;
     return success;
 }
 
 void *ap_scan_thread_function(void *argument) {
     const int index = *static_cast<const int *>(argument); // gone after the first step
     log_debug("[ZAV-API] %s ap scan thread started.\n", __func__);
-    bool is_24g = false;
-    const Status found = find_band(index, &is_24g);
+    Radio radio{};
+    const Status found = find_radio(index, &radio);
     if (found == success)
-        set_ap_scan_thread_status(is_24g, scan_running);
+        set_ap_scan_thread_status(radio, scan_running);
     first_step_done.release();
     if (found != success)
         return nullptr;
     const Status result = ZAV_ApSiteSurvey(index);
-    set_ap_scan_thread_status(is_24g, result == failure ? scan_failed : scan_finished);
-    log_debug("[ZAV-API] %s %s thread done with %u\n", __func__, is_24g ? "2.4 GHz" : "5.2 GHz",
-              status_of(is_24g).load());
+    set_ap_scan_thread_status(radio, result == failure ? scan_failed : scan_finished);
+    log_debug("[ZAV-API] %s %s thread done with %u\n", __func__,
+              radio == Radio::band_24g ? "2.4 GHz" : "5.2 GHz", status_of(radio).load());
     return nullptr;
 }
 
@@ -76,23 +78,23 @@ void convert_record(const SurveyRecord &from, scan_entry *to) {
 
 } // namespace
 
-void set_ap_scan_thread_status(int is_24g, unsigned status) {
+void set_ap_scan_thread_status(Radio radio, unsigned status) {
     if (status <= scan_finished)
-        status_of(is_24g != 0) = status;
+        status_of(radio) = status;
 }
 
 Status wlan_ApSiteSurvey(int index) {
-    bool is_24g = false;
-    if (find_band(index, &is_24g) != success)
+    Radio radio{};
+    if (find_radio(index, &radio) != success)
         return failure;
-    if (status_of(is_24g) == scan_running) {
+    if (status_of(radio) == scan_running) {
         log_debug("[ZAV-API] %s %s scanning still processing, wait.\n", __func__,
-                  is_24g ? "2.4GHz" : "5.2GHz");
+                  radio == Radio::band_24g ? "2.4GHz" : "5.2GHz");
         return failure;
     }
-    if (!start_worker(&ap_scan_thread, ap_scan_thread_function, &index)) {
+    if (!start_worker(ap_scan_thread_function, &index)) {
         const int error = errno;
-        set_ap_scan_thread_status(is_24g ? 1 : 0, scan_failed);
+        set_ap_scan_thread_status(radio, scan_failed);
         log_debug("[ZAV-API] %s Error creating ap scan thread : %d, %s.\n", __func__, error, strerror(error));
         return failure;
     }
@@ -101,10 +103,10 @@ Status wlan_ApSiteSurvey(int index) {
 }
 
 Status wlan_ApSiteSurveyStatus(int index, unsigned *ret_status) {
-    bool is_24g = false;
-    if (find_band(index, &is_24g) != success)
+    Radio radio{};
+    if (find_radio(index, &radio) != success)
         return failure;
-    *ret_status = status_of(is_24g);
+    *ret_status = status_of(radio);
     return success;
 }
 

@@ -25,7 +25,7 @@ Status wlan_getApScanResult(int index, scan_table *ret_table);
 Status wlan_apAutoChannelSelect(int index);
 
 // Keeps the status of a band, if it is one of the above.
-void set_ap_scan_thread_status(int is_24g, unsigned status);
+void set_ap_scan_thread_status(Radio radio, unsigned status);
 
 // Turns the driver's records into those of the wire. Texts are cut at the wire's fields, and have no
 // terminator where they fill them.

@@ -61,18 +61,6 @@ void fill_table_entry(const StationRecord &station, wlan_device_t *ret_device) {
     std::copy(station.name.begin(), station.name.end(), ret_device->name_field);
 }
 
-Status get_device(const char *who, int index, int station, wlan_device_t *ret_device) {
-    log_entry(who, index, Entry::plain);
-    StationRecord record{};
-    if (report_failure(who, ZAV_GetAssocDevice(index, station, &record)) == failure)
-        return failure;
-    fill_device(record, ret_device);
-    copy_text(ret_device->ip_address, " ");
-    const auto &rssi = record.antenna_rssi;
-    ZAV_EquivalentRssiCalc(rssi[0], rssi[1], rssi[2], &ret_device->rssi);
-    return success;
-}
-
 Status get_basic_stats(int index, wlan_basicStats_t *ret_stats) {
     const std::pair<const char *, unsigned *> stats[] = {
         {"wlan_totalBytesSent", &ret_stats->bytes_sent},
@@ -106,11 +94,19 @@ Status wlan_getAssocDevicesTableNumOfEntries(int index, unsigned *ret_count) {
     return report_failure(__func__, ZAV_GetAssocDevicesTableNumOfEntries(index, ret_count));
 }
 
-Status wlan_getAssocDevice(int index, int station, wlan_device_t *ret_device) {
-    return get_device(__func__, index, station, ret_device);
+Status get_device(const char *who, int index, int station, wlan_device_t *ret_device) {
+    log_entry(who, index, Entry::plain);
+    StationRecord record{};
+    if (report_failure(who, ZAV_GetAssocDevice(index, station, &record)) == failure)
+        return failure;
+    fill_device(record, ret_device);
+    copy_text(ret_device->ip_address, " ");
+    const auto &rssi = record.antenna_rssi;
+    ZAV_EquivalentRssiCalc(rssi[0], rssi[1], rssi[2], &ret_device->rssi);
+    return success;
 }
 
-Status wlan_get(int index, int station, wlan_device_t *ret_device) {
+Status wlan_getAssocDevice(int index, int station, wlan_device_t *ret_device) {
     return get_device(__func__, index, station, ret_device);
 }
 
@@ -129,15 +125,15 @@ Status wlan_getAssocDevicesTable(int index, wlan_assoc_devices_table *ret_table)
 Status wlan_getBasicStats(int index, wlan_basicStats_t *ret_stats) {
     log_entry(__func__, index, Entry::plain);
     const Status result = get_basic_stats(index, ret_stats);
-    return report_line(__func__, result, basic_stats_line, shown(ret_stats->bytes_sent),
-                       shown(ret_stats->bytes_received), shown(ret_stats->packets_sent),
-                       shown(ret_stats->packets_received), shown(ret_stats->associations));
+    return report_line(__func__, result, basic_stats_line, api::shown(ret_stats->bytes_sent),
+                       api::shown(ret_stats->bytes_received), api::shown(ret_stats->packets_sent),
+                       api::shown(ret_stats->packets_received), api::shown(ret_stats->associations));
 }
 
 Status wlan_getStats(int index, wlan_stats_t *ret_stats) {
     log_entry(__func__, index);
     PacketCounters counters = std::bit_cast<PacketCounters>(*ret_stats);
-    const Status result = folded(ZAV_GetStats(index, &counters));
+    const Status result = getter_code(ZAV_GetStats(index, &counters));
     *ret_stats = std::bit_cast<wlan_stats_t>(counters);
     const auto &[tx_errors, rx_errors, tx, rx, tx_drops, rx_drops, tx_multicast, rx_multicast, tx_broadcast,
                  rx_broadcast, unknown] = counters;

@@ -11,10 +11,9 @@ Status wlan_getAssocDevicesNum(int index, unsigned *ret_count);
 // Stations of the whole radio.
 Status wlan_getAssocDevicesTableNumOfEntries(int index, unsigned *ret_count);
 
-// The station-th of the BSS, from 0: everything but byte_value, int_value1, int_value2 and name_field. Both
-// are the same but for their name in the log.
+// The station-th of the BSS, from 0: everything but byte_value, int_value1, int_value2 and name_field.
 Status wlan_getAssocDevice(int index, int station, wlan_device_t *ret_device);
-Status wlan_get(int index, int station, wlan_device_t *ret_device);
+Status get_device(const char *who, int index, int station, wlan_device_t *ret_device); // `who` is logged
 
 // The stations of the whole radio, as many as the record can hold; all of each but int_value2.
 Status wlan_getAssocDevicesTable(int index, wlan_assoc_devices_table *ret_table);

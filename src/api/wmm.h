@@ -2,11 +2,8 @@
 
 #include "backend/status.h"
 
-// Quality of service. Getters answer 0, or -1 for an index without a BSS, a class other than 1 to 4, or an
-// absent list; setters 0 written, 2 already stored, -1 failure. The driver sees them at the next restart of
-// the interfaces.
+// Quality of service; radio/wmm.h says what each is.
 
-// Of one BSS: 0 or 1.
 Status wlan_getWmmEnable(int index, unsigned *ret_enable);
 Status wlan_setWmmEnable(int index, unsigned enable);
 
@@ -15,12 +12,9 @@ Status wlan_getWmmSupported(int index, unsigned *ret_supported);
 Status wlan_getWmmUaspdSupported(int index, unsigned *ret_supported);
 Status wlan_getWmmUaspdEnable(int index, unsigned *ret_enable);
 Status wlan_getWMMAPSD(int index, unsigned *ret_enable);
-// Power save of one BSS; the fields of all others become those of the list of station isolation.
 Status wlan_setWmmUaspdEnable(int index, unsigned enable);
 Status wlan_setWMMAPSD(int index, unsigned enable);
 
-// Of a radio, for an access class, 1 to 4; the values are stored as they come. First what the stations are
-// told, then what the radio itself uses.
 Status wlan_getWmmOgAifsn(int index, int ac, unsigned *ret_aifsn);
 Status wlan_setWmmOgAifsn(int index, int ac, unsigned aifsn);
 Status wlan_getWmmOgEcwMin(int index, int ac, unsigned *ret_ecw);
@@ -40,6 +34,5 @@ Status wlan_getWmmIcEcwMax(int index, int ac, unsigned *ret_ecw);
 Status wlan_setWmmIcEcwMax(int index, int ac, unsigned ecw);
 Status wlan_getWmmIcTxOp(int index, int ac, unsigned *ret_tx_op);
 Status wlan_setWmmIcTxOp(int index, int ac, unsigned tx_op);
-// The same list as for the stations.
 Status wlan_getWmmIcAckPolicy(int index, int ac, unsigned *ret_policy);
 Status wlan_setWmmIcAckPolicy(int index, int ac, unsigned policy);

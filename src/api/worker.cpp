@@ -6,6 +6,7 @@
 #include <cerrno>
 #include <climits>
 #include <cstring>
+#include <pthread.h>
 
 #ifdef __has_feature
 #if __has_feature(address_sanitizer) || __has_feature(thread_sanitizer)
@@ -23,12 +24,13 @@ constexpr std::size_t stack_size = 32768;
 
 } // namespace
 
-bool start_worker(pthread_t *ret_thread, void *(*body)(void *), void *argument) {
+bool start_worker(void *(*body)(void *), void *argument) {
+    pthread_t thread; // detached, so nobody asks for it
     pthread_attr_t attributes;
     pthread_attr_init(&attributes);
     pthread_attr_setstacksize(&attributes, std::max(stack_size, static_cast<std::size_t>(PTHREAD_STACK_MIN)));
     pthread_attr_setdetachstate(&attributes, PTHREAD_CREATE_DETACHED);
-    const int error = pthread_create(ret_thread, &attributes, body, argument);
+    const int error = pthread_create(&thread, &attributes, body, argument);
     pthread_attr_destroy(&attributes);
     errno = error;
     return error == 0;

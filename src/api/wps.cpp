@@ -19,7 +19,9 @@ Status wlan_setWpsMode(int index, unsigned enable) {
     return set(__func__, ZAV_SetWpsEnable, "enable=%u\n", "enable set to:%d\n", index, enable);
 }
 
-Status wlan_setWpsCancel(int index) { return act(__func__, ZAV_SetWpsCancel, "wps cancelled.\n", index); }
+Status wlan_setWpsCancel(int index) {
+    return run_action(__func__, ZAV_SetWpsCancel, "wps cancelled.\n", index);
+}
 
 Status wlan_getWpsDeviceName(int index, std::span<char> ret_name) {
     return get(__func__, ZAV_GetWpsDeviceName, "device name: %s\n", index, ret_name);
@@ -103,34 +105,36 @@ Status wlan_getWpsRegistrarEstablished(int index, unsigned *ret_count) {
 }
 
 Status wlan_getWpsRegistrarEnabled(int index, int registrar, unsigned *ret_enable) {
-    return get_of(__func__, ZAV_GetWpsRegistrarEnabled, "registrar=%d\n", "enable is %i.\n", index, registrar,
-                  ret_enable);
+    return get_selected(__func__, ZAV_GetWpsRegistrarEnabled, "registrar=%d\n", "enable is %i.\n", index,
+                        registrar, ret_enable);
 }
 
 Status wlan_setWpsRegistrarEnabled(int index, int registrar, unsigned enable) {
-    return set_of(__func__, ZAV_SetWpsRegistrarEnabled, "registrar=%d enable=%u\n", "enable set to:%d\n",
-                  index, registrar, enable);
+    return set_selected(__func__, ZAV_SetWpsRegistrarEnabled, "registrar=%d enable=%u\n",
+                        "enable set to:%d\n", index, registrar, enable);
 }
 
 Status wlan_getWpsRegistrarUuid(int index, int registrar, std::span<char> ret_uuid) {
-    return get_of(__func__, ZAV_GetWpsRegistrarUuid, "registrar=%d\n", "uuid: %s\n", index, registrar,
-                  ret_uuid);
+    return get_selected(__func__, ZAV_GetWpsRegistrarUuid, "registrar=%d\n", "uuid: %s\n", index, registrar,
+                        ret_uuid);
 }
 
 Status wlan_getWpsRegistrarDeviceName(int index, int registrar, std::span<char> ret_name) {
-    return get_of(__func__, ZAV_GetWpsRegistrarDeviceName, "registrar=%d\n", "device name: %s\n", index,
-                  registrar, ret_name);
+    return get_selected(__func__, ZAV_GetWpsRegistrarDeviceName, "registrar=%d\n", "device name: %s\n", index,
+                        registrar, ret_name);
 }
 
 Status wlan_setWpsPushButton(int index) {
-    return act(__func__, ZAV_SetWpsPushButton, "push button session started.\n", index);
+    return run_action(__func__, ZAV_SetWpsPushButton, "push button session started.\n", index);
 }
 
 Status wlan_setWpsPinStart(int index, const char *pin) {
     return set(__func__, ZAV_SetWpsPinStart, "pin=%s\n", "PIN session started with:%s\n", index, pin);
 }
 
-Status wlan_setWpsOOB(int index) { return act(__func__, ZAV_SetWpsOOB, "wps is out of the box.\n", index); }
+Status wlan_setWpsOOB(int index) {
+    return run_action(__func__, ZAV_SetWpsOOB, "wps is out of the box.\n", index);
+}
 
 Status wlan_getWpsConfigTimeout(int index, unsigned *ret_timeout) {
     return get_key(__func__, "WscConfigTimeout", 120000, "timeout is %d\n", index, ret_timeout);

@@ -5,8 +5,7 @@
 #include <span>
 
 // Wi-Fi Protected Setup of the radio that the index belongs to; security/wps.h tells what each is. Getters
-// answer 0 or -1; setters and actions 0, 2 where the settings already held the value, or -1. The lines of
-// this layer do not show PINs.
+// answer 0 or -1; setters and actions 0, 2 where the settings already held the value, or -1.
 
 Status wlan_getWpsEnable(int index, unsigned *ret_enable);
 Status wlan_setWpsEnable(int index, unsigned enable);

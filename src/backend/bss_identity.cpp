@@ -3,7 +3,6 @@
 #include "backend/config_store.h"
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/text.h"
 
@@ -13,14 +12,13 @@
 #include <cstdio>
 #include <cstring>
 #include <net/if.h>
+#include <string>
 #include <strings.h>
 #include <utility>
 
 namespace {
 
 constexpr std::size_t longest_ssid = 32;
-
-using SsidKey = std::array<char, 16>;
 
 // Scratch of ZAV_GetBSSIDPort: a slot for each possible index.
 using BssidText = std::array<char, 20>;
@@ -67,24 +65,19 @@ Status derive_bssid(const char *who, int rule, int bss_count, unsigned bss, std:
     return success;
 }
 
-Status find_ssid_key(const char *who, int index, Bss *ret_bss, SsidKey *ret_key) {
-    if (find_bss(who, index, ret_bss) != success)
-        return failure;
-    std::snprintf(ret_key->data(), ret_key->size(), "SSID%u", ret_bss->number);
-    return success;
-}
+std::string ssid_key(const Bss &bss) { return "SSID" + std::to_string(bss.number); }
 
 } // namespace
 
 Status ZAV_GetStatus(int index, std::span<char> ret_status) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
-    if (check_driver(__func__, driver_initialised) != success)
+    if (check_driver(__func__, DriverState::initialised) != success)
         return failure;
-    InterfaceName ifname;
+    Bss bss;
     unsigned flags = 0;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+    if (find_bss(index, &bss) != success)
         return failure;
-    switch (ask_flags(ifname, &flags)) {
+    switch (ask_flags(bss.name, &flags)) {
     case Asked::no_socket:
         log_error("[ZAV-API] Error %s socket failed", __func__);
         return failure;
@@ -95,16 +88,14 @@ Status ZAV_GetStatus(int index, std::span<char> ret_status) {
     case Asked::answered:
         break;
     }
-    log_debug("[ZAV-API] %s %s flags=%Xh.\n", __func__, ifname.data(), flags);
+    log_debug("[ZAV-API] %s %s flags=%Xh.\n", __func__, bss.name.data(), flags);
     copy_text(ret_status, (flags & (IFF_UP | IFF_RUNNING)) != 0 ? "Up" : "Disabled");
     return success;
 }
 
 Status ZAV_GetSSID(int index, std::span<char> ret_ssid) {
     Bss bss;
-    SsidKey key;
-    if (find_ssid_key(__func__, index, &bss, &key) != success ||
-        nvram_get_str(bss.ifname.data(), key.data(), ret_ssid) != success)
+    if (find_bss(__func__, index, &bss) != success || nvram_get_str(bss, ssid_key(bss), ret_ssid) != success)
         return failure;
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_ssid.data());
     return success;
@@ -112,27 +103,25 @@ Status ZAV_GetSSID(int index, std::span<char> ret_ssid) {
 
 Status ZAV_SetSSID(int index, const char *ssid) {
     Bss bss;
-    SsidKey key;
-    if (find_ssid_key(__func__, index, &bss, &key) != success)
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
     std::array<char, longest_ssid + 1> stored;
-    if (nvram_get_str(bss.ifname.data(), key.data(), stored) == success &&
+    if (nvram_get_str(bss, ssid_key(bss), stored) == success &&
         std::strncmp(stored.data(), ssid, longest_ssid) == 0)
         return unchanged;
-    return nvram_set_str(bss.ifname.data(), key.data(), ssid);
+    return nvram_set_str(bss, ssid_key(bss), ssid);
 }
 
 Status ZAV_GetBSSID(int index, std::span<char> ret_bssid) {
-    InterfaceName ifname;
-    unsigned bss = 0;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
+    Bss bss;
+    if (find_bss(index, &bss) != success)
         return failure;
     int rule = -1, bss_count = 0;
     copy_text(ret_bssid, "");
-    (void)nvram_get_int(ifname.data(), "MbssidByLAM", &rule);
-    (void)nvram_get_str(ifname.data(), "WL_MACADDR0", ret_bssid);
-    (void)nvram_get_int(ifname.data(), "BssidNum", &bss_count);
-    if (bss > 1 && derive_bssid(__func__, rule, bss_count, bss, ret_bssid) != success) {
+    (void)nvram_get_int(bss, "MbssidByLAM", &rule);
+    (void)nvram_get_str(bss, "WL_MACADDR0", ret_bssid);
+    (void)nvram_get_int(bss, "BssidNum", &bss_count);
+    if (bss.number > 1 && derive_bssid(__func__, rule, bss_count, bss.number, ret_bssid) != success) {
         copy_text(ret_bssid, "");
         return failure;
     }
@@ -152,24 +141,4 @@ Status ZAV_GetBSSIDPort(const char *bssid, unsigned *ret_port, unsigned *ret_ind
         return success;
     }
     return failure;
-}
-
-Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate) {
-    log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    if (check_driver(__func__, driver_initialised) != success)
-        return failure;
-    InterfaceName ifname;
-    int rate = 0;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
-        return failure;
-    const Asked asked = ask_bit_rate(ifname, &rate);
-    if (asked == Asked::no_socket)
-        log_error("[ZAV-API] Error %s ioctl sock failed!\n", __func__);
-    if (asked == Asked::refused)
-        log_error("[ZAV-API] Error %s ioctl failed %s (%d).\n", __func__, strerror(errno), errno);
-    if (asked != Asked::answered)
-        return failure;
-    std::snprintf(ret_rate.data(), ret_rate.size(), "%i", rate / 1000000);
-    log_debug("[ZAV-API] %s (%s).\n", __func__, ret_rate.data());
-    return success;
 }

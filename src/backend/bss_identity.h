@@ -23,8 +23,6 @@ Status ZAV_GetBSSID(int index, std::span<char> ret_bssid);
 // The index of the BSS with that BSSID, upper or lower case; the port is always 0. -1 when there is none.
 Status ZAV_GetBSSIDPort(const char *bssid, unsigned *ret_port, unsigned *ret_index);
 
-// Puts the BSS with that BSSID into the VLAN: its slot, the members of the slot, the port's VLAN id. 0 or -1.
+// (Clients and logs know it by this name.) Puts the BSS with that BSSID into the VLAN: its slot, the members
+// of the slot, the port's VLAN id. 0 or -1.
 Status ZAV_AssocitaleVlan(const char *bssid, std::uint16_t vlan);
-
-// The current bit rate in Mbit/s as text; -1 before the driver is initialised or when it does not answer.
-Status ZAV_GetMaxBitRate(int index, std::span<char> ret_rate);

@@ -1,13 +1,22 @@
 #include "backend/channel_info.h"
 
+#include "backend/log.h"
+#include "backend/shell.h"
+
 #include <algorithm>
+#include <array>
 #include <bitset>
+#include <cerrno>
 #include <charconv>
 #include <cstdlib>
+#include <cstring>
+#include <memory>
 #include <optional>
 
 namespace {
 
+constexpr char channel_info_file[] = "/etc/Wireless/ZAV750/ChannelInfo.txt";
+constexpr char list_key[] = "OverwriteChannelList";
 constexpr std::string_view blanks = " \t";
 constexpr std::string_view line_ends("#\r\n\0", 4); // no text goes on behind a zero byte
 constexpr int highest_channel = 255;
@@ -117,6 +126,36 @@ const char *search_section(Lines *lines, const ChannelSearch &search, std::strin
     return country_not_found;
 }
 
+Status read_bandwidth(const SettingsFile &settings, int *ret_bandwidth) {
+    std::string stored;
+    if (nvram_get_whole(settings, "HT_BW", &stored) != success)
+        return failure;
+    *ret_bandwidth = stored == "1" ? 40 : 20;
+    if (stored != "1" && stored != "0")
+        log_error("HT_BW NVRAM key is not valid: %s\n", strerror(EINVAL));
+    return success;
+}
+
+// In the file the list has a line feed of its own before the one that ends its line.
+std::string with_list(std::string_view text, std::string_view list) {
+    const std::string line = std::string("\n").append(list_key).append("=");
+    const std::string value = std::string(list).append(list.empty() ? "" : "\n");
+    const std::size_t place = text.find(line), begin = place + line.size();
+    if (place == text.npos)
+        return std::string(text).append(text.ends_with('\n') ? line.substr(1) : line).append(value) + "\n";
+    std::string_view tail = text.substr(std::min(text.find('\n', begin), text.size()));
+    if (tail.starts_with("\n\n"))
+        tail.remove_prefix(1); // the old list's own
+    return std::string(text.substr(0, begin)).append(value).append(tail);
+}
+
+Status store_list(const char *who, const SettingsFile &settings, std::string_view list) {
+    return nvram_edit(who, settings, [list](const char *, std::string_view text, std::string *ret_text) {
+        *ret_text = with_list(text, list);
+        return success;
+    });
+}
+
 } // namespace
 
 Status find_channels(std::FILE *file, const ChannelSearch &search, std::string *ret_list,
@@ -130,4 +169,64 @@ Status find_channels(std::FILE *file, const ChannelSearch &search, std::string *
     *ret_fault = {lines.number(), wrong, wrong == country_not_found ? search.country : ""};
     ret_list->clear();
     return failure;
+}
+
+Status ZAV_ChannelsForBandSet(const char *band, const SettingsFile &settings) {
+    std::string used, country, list;
+    if (nvram_get_whole(settings, "UseChannelInfo", &used) != success || used == "0")
+        return RemoveChannelInfoFromNvram(settings);
+    const std::unique_ptr<FILE, int (*)(FILE *)> file(std::fopen(channel_info_file, "re"), std::fclose);
+    if (!file) {
+        const char *why = strerror(errno);
+        log_error("[ZAV-API] Error %s %s does not exits!!!!!!\n", __func__, channel_info_file);
+        log_error("%s: %s\n", channel_info_file, why);
+        return failure;
+    }
+    int bandwidth = 0;
+    if (nvram_get_whole(settings, "CountryCode", &country) != success ||
+        read_bandwidth(settings, &bandwidth) != success)
+        return failure;
+    if (country.empty())
+        country = "00";
+    ChannelFault fault{};
+    const Status found = find_channels(file.get(), {country, band, bandwidth}, &list, &fault);
+    if (std::ferror(file.get()) != 0) {
+        log_error("[ZAV-API] Error %s %s cannot be read\n", __func__, channel_info_file);
+        return failure;
+    }
+    if (found != success) {
+        std::array<char, 256> message;
+        makeParsingErrorMessage(message, channel_info_file, fault.line, fault.message, fault.argument);
+        log_error(": %s:: %s\n", __func__, message.data());
+    }
+    return store_list(__func__, settings, list);
+}
+
+Status ZAV_ParseChannelInfo() {
+    if (ZAV_ChannelsForBandSet("2.4", settings_24g) != success) {
+        log_error("[ZAV-API] Error %s ERROR!!!Parsing channelinfo for 2.4G failed!!!\n", __func__);
+        return failure;
+    }
+    if (ZAV_ChannelsForBandSet("5.2", settings_5g) != success) {
+        log_error("[ZAV-API] Error %s ERROR!!!Parsing channelinfo for 5G failed!!!\n", __func__);
+        return failure;
+    }
+    return success;
+}
+
+Status RemoveChannelInfoFromNvram(const SettingsFile &settings) {
+    const char *who = __func__;
+    return nvram_edit(who, settings, [who](const char *path, std::string_view text, std::string *) {
+        if (text.find(list_key) == text.npos)
+            return success;
+        const std::string command = std::string("sed -i '/OverwriteChannelList/d' ") + path;
+        log_debug("[ZAV-API] %s command=%s\n", who, command.c_str());
+        return run_unchecked(command.c_str()) == -1 ? failure : success; // and its exit status does not count
+    });
+}
+
+void makeParsingErrorMessage(std::span<char> ret_text, const char *file, unsigned line, const char *message,
+                             std::string_view argument) {
+    std::snprintf(ret_text.data(), ret_text.size(), "%s is not valid: line #%u - %s %.*s", file, line,
+                  message, static_cast<int>(argument.size()), argument.data());
 }

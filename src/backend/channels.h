@@ -3,7 +3,6 @@
 #include "backend/status.h"
 
 #include <span>
-#include <string_view>
 
 // The channel of a radio. Changes reach the driver at the next restart of the interfaces. An index without a
 // BSS answers -1 everywhere but where it is said.
@@ -35,15 +34,3 @@ Status ZAV_SetIeee80211hEnable(int index, unsigned enable);
 // What the driver can use, "1,2,3,", cut behind a whole channel when longer than 149 characters. Always 0:
 // the text is empty when the driver does not answer or the index has no BSS.
 Status ZAV_GetPossibleChannels(int index, std::span<char> ret_channels);
-
-// Takes "OverwriteChannelList" of a band ("2.4" with "zvi00", "5.2" with "zv00") from the channel-info file,
-// or removes it where "UseChannelInfo" is 0 or absent. A malformed file is reported and gives an empty list;
-// -1 when it, the country or the bandwidth is missing, or the list cannot be stored.
-Status ZAV_ChannelsForBandSet(const char *band, const char *ifname);
-// Both bands; the second is not tried when the first fails.
-Status ZAV_ParseChannelInfo();
-// -1 only when the shell cannot start or the settings are locked.
-Status RemoveChannelInfoFromNvram(const char *ifname);
-
-void makeParsingErrorMessage(std::span<char> ret_text, const char *file, unsigned line, const char *message,
-                             std::string_view argument = {});

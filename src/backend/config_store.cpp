@@ -1,7 +1,6 @@
 #include "backend/config_store.h"
 
 #include "backend/descriptor.h"
-#include "backend/interfaces.h"
 #include "backend/log.h"
 #include "backend/replace_text.h"
 #include "backend/text.h"
@@ -17,6 +16,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace {
 
@@ -28,7 +28,8 @@ std::mutex store_mutex;
 std::array<char, settings_file_limit> stored_text;
 std::array<char, settings_file_limit> changed_text;
 
-struct Place {
+// Where a value stands in the text of a file.
+struct Range {
     std::size_t begin, end;
 };
 
@@ -41,18 +42,18 @@ bool is_locked(const char *who) {
 }
 
 // The directory is taken from the environment once and kept.
-const char *band_file(bool is_24g) {
+const char *band_file(Store band) {
     static const char *const directory = std::getenv("zav_cfg_dir");
     static const std::string beginning = directory == nullptr ? "" : directory;
     static const std::string file_5g = beginning + "/ZAV750.dat", file_24g = beginning + "/ZAV75024g.dat";
     if (directory == nullptr)
         return nullptr;
-    return is_24g ? file_24g.c_str() : file_5g.c_str();
+    return band == Store::band_24g ? file_24g.c_str() : file_5g.c_str();
 }
 
-Descriptor open_settings(const char *ifname) {
+Descriptor open_settings(const SettingsFile &file) {
     const char *path = nullptr;
-    if (getNvramPath(ifname, &path) != success)
+    if (getNvramPath(file.store, &path) != success)
         return Descriptor(-1);
     return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK));
 }
@@ -79,7 +80,7 @@ bool is_key(std::string_view key) {
 bool is_value(const char *value) { return std::strchr(value, '\n') == nullptr; }
 
 // Where the key's value stands. Only a whole key at the start of a line matches, and never the first line.
-std::optional<Place> find_value(std::string_view text, std::string_view key) {
+std::optional<Range> find_value(std::string_view text, std::string_view key) {
     if (!is_key(key))
         return std::nullopt;
     std::array<char, longest_key + 2> pattern;
@@ -91,7 +92,7 @@ std::optional<Place> find_value(std::string_view text, std::string_view key) {
         return std::nullopt;
     const auto begin =
         static_cast<std::size_t>(static_cast<const char *>(line) - text.data()) + key.size() + 2;
-    return Place{begin, std::min(text.find('\n', begin), text.size())};
+    return Range{begin, std::min(text.find('\n', begin), text.size())};
 }
 
 // Puts the pieces one after the other into the second buffer; nothing when they reach the limit of a file.
@@ -106,79 +107,57 @@ std::optional<std::string_view> join(std::initializer_list<std::string_view> pie
     return std::string_view(changed_text.data(), length);
 }
 
-// A value that closes its line has a line feed of its own before the one that ends the line.
-struct Value {
-    std::string_view text;
-    bool closes_line = false;
-    std::string_view closing() const { return closes_line && !text.empty() ? "\n" : ""; }
-};
-
-std::optional<std::string_view> with_value(std::string_view text, std::optional<Place> place,
-                                           std::string_view key, const Value &value) {
-    if (place) {
-        std::string_view tail = text.substr(place->end);
-        if (value.closes_line && tail.starts_with("\n\n"))
-            tail.remove_prefix(1); // the old value's own
-        return join({text.substr(0, place->begin), value.text, value.closing(), tail});
-    }
+std::optional<std::string_view> with_value(std::string_view text, std::optional<Range> place,
+                                           std::string_view key, std::string_view value) {
+    if (place)
+        return join({text.substr(0, place->begin), value, text.substr(place->end)});
     // In an empty file the key would stand in the header line, where it is never found.
     const bool open_line = text.empty() || text.back() != '\n';
-    return join({text, open_line ? "\n" : "", key, "=", value.text, value.closing(), "\n"});
+    return join({text, open_line ? "\n" : "", key, "=", value, "\n"});
 }
 
 void say_too_long(const char *who) {
     log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, settings_file_limit - 1);
 }
 
-Status store_value(const char *who, Descriptor file, std::string_view key, const Value &value) {
+Status write_text(const char *who, Descriptor file, std::string_view from, std::string_view to) {
+    if (replace_text(file.get(), from, to) && file.close())
+        return success;
+    log_error("[ZAV-API] Error %s write failed %s (%d).\n", who, strerror(errno), errno);
+    return failure;
+}
+
+Status store_value(const char *who, Descriptor file, std::string_view key, std::string_view value) {
     const auto text = read_settings(file);
     if (!text)
         return failure;
     const auto place = find_value(*text, key);
     const bool is_whole = text->size() < settings_file_limit;
-    if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value.text)
+    if (is_whole && place && text->substr(place->begin, place->end - place->begin) == value)
         return unchanged;
     const auto changed = with_value(*text, place, key, value);
     if (!is_whole || !changed) {
         say_too_long(who);
         return failure;
     }
-    if (!replace_text(file.get(), *text, *changed) || !file.close()) {
-        log_error("[ZAV-API] Error %s write failed %s (%d).\n", who, strerror(errno), errno);
-        return failure;
-    }
-    if (place)
+    const Status written = write_text(who, std::move(file), *text, *changed);
+    if (written == success && place)
         log_debug("[ZAV-API] %s done with SUCCESS\n", who);
-    return success;
-}
-
-Status set_value(const char *who, const char *ifname, const char *key, const char *text, bool closes_line) {
-    const std::lock_guard held(store_mutex);
-    const Value value{text, closes_line};
-    if (is_locked(who))
-        return failure;
-    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s, val=%s%s\n", who, ifname, key, text,
-              value.closing().data());
-    if (!is_key(key)) {
-        log_error("[ZAV-API] Error %s key does not fit the settings file\n", who);
-        return failure;
-    }
-    if (!nvram_can_hold(who, text))
-        return failure;
-    return store_value(who, open_settings(ifname), key, value);
+    return written;
 }
 
 } // namespace
 
-Status getNvramPath(const char *ifname, const char **ret_path) {
-    *ret_path = ifname[0] == 'v' ? vlan_file : band_file(is_24g_name(ifname));
+Status getNvramPath(Store store, const char **ret_path) {
+    *ret_path = store == Store::vlan ? vlan_file : band_file(store);
     return *ret_path == nullptr ? failure : success;
 }
 
-Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_value) {
-    log_debug("[ZAV-API] %s input args: ifname=%s, key=%s\n", __func__, ifname, key);
+Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value) {
+    log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s\n", __func__, file.name,
+              static_cast<int>(key.size()), key.data());
     const std::lock_guard held(store_mutex);
-    const auto text = read_settings(open_settings(ifname));
+    const auto text = read_settings(open_settings(file));
     const auto place = text ? find_value(*text, key) : std::nullopt;
     if (!place)
         return failure;
@@ -186,32 +165,39 @@ Status nvram_get_str(const char *ifname, const char *key, std::span<char> ret_va
     return success;
 }
 
-Status nvram_get_int(const char *ifname, const char *key, int *ret_value) {
+Status nvram_get_int(const SettingsFile &file, std::string_view key, int *ret_value) {
     std::array<char, 64> text;
-    if (nvram_get_str(ifname, key, text) != success || !scan_number(text.data(), ret_value))
+    if (nvram_get_str(file, key, text) != success || !scan_number(text.data(), ret_value))
         return failure;
     return success;
 }
 
-Status nvram_get_whole(const char *ifname, const char *key, std::string *ret_value) {
+Status nvram_get_whole(const SettingsFile &file, std::string_view key, std::string *ret_value) {
     ret_value->assign(settings_file_limit, '\0'); // on the heap: a worker's stack is small
-    const Status result = nvram_get_str(ifname, key, *ret_value);
+    const Status result = nvram_get_str(file, key, *ret_value);
     ret_value->resize(std::strlen(ret_value->c_str()));
     return result;
 }
 
-Status nvram_set_str(const char *ifname, const char *key, const char *value) {
-    return set_value(__func__, ifname, key, value, false);
+Status nvram_set_str(const SettingsFile &file, std::string_view key, const char *value) {
+    const std::lock_guard held(store_mutex);
+    if (is_locked(__func__))
+        return failure;
+    log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s, val=%s\n", __func__, file.name,
+              static_cast<int>(key.size()), key.data(), value);
+    if (!is_key(key)) {
+        log_error("[ZAV-API] Error %s key does not fit the settings file\n", __func__);
+        return failure;
+    }
+    if (!nvram_can_hold(__func__, value))
+        return failure;
+    return store_value(__func__, open_settings(file), key, value);
 }
 
-Status nvram_set_closed_str(const char *ifname, const char *key, const char *value) {
-    return set_value(__func__, ifname, key, value, true);
-}
-
-Status nvram_set_int(const char *ifname, const char *key, int value) {
+Status nvram_set_int(const SettingsFile &file, std::string_view key, int value) {
     std::array<char, 12> text{};
     std::to_chars(text.data(), text.data() + text.size() - 1, value);
-    return nvram_set_str(ifname, key, text.data());
+    return nvram_set_str(file, key, text.data());
 }
 
 bool nvram_can_hold(const char *who, const char *value) {
@@ -220,19 +206,29 @@ bool nvram_can_hold(const char *who, const char *value) {
     return is_value(value);
 }
 
-Status nvram_change_by_command(const char *who, const char *ifname, std::string_view text,
-                               Status (*change)(const char *who, const char *path)) {
+Status nvram_edit(const char *who, const SettingsFile &file, const Edit &edit) {
     const std::lock_guard held(store_mutex);
     const char *path = nullptr;
-    if (is_locked(who) || getNvramPath(ifname, &path) != success)
+    if (is_locked(who) || getNvramPath(file.store, &path) != success)
         return failure;
-    const auto stored = read_settings(open_settings(ifname));
-    return stored && stored->find(text) != stored->npos ? change(who, path) : success;
+    Descriptor settings = open_settings(file);
+    const auto text = read_settings(settings);
+    std::string changed;
+    const Status edited = edit(path, text.value_or(""), &changed);
+    if (edited != success || changed.empty())
+        return edited;
+    if (!text)
+        return failure;
+    if (std::max(text->size(), changed.size()) >= settings_file_limit) {
+        say_too_long(who);
+        return failure;
+    }
+    return write_text(who, std::move(settings), *text, changed);
 }
 
-bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting> settings) {
+bool nvram_can_take(const char *who, const SettingsFile &file, std::span<const KeyValue> settings) {
     const std::lock_guard held(store_mutex);
-    const auto text = read_settings(open_settings(ifname));
+    const auto text = read_settings(open_settings(file));
     if (!text)
         return false;
     std::size_t length = text->size();
@@ -249,27 +245,4 @@ bool nvram_can_take(const char *who, const char *ifname, std::span<const Setting
     if (!fits)
         say_too_long(who);
     return fits;
-}
-
-unsigned ZAV_nvram_get_uint32_helper(int index, const char *key, unsigned default_value) {
-    InterfaceName ifname;
-    int value = 0;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success ||
-        nvram_get_int(ifname.data(), key, &value) != success)
-        return default_value;
-    return static_cast<unsigned>(value);
-}
-
-Status ZAV_nvram_set_uint32_helper(int index, const char *key, int value) {
-    InterfaceName ifname;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
-        return failure;
-    return nvram_set_int(ifname.data(), key, value);
-}
-
-Status ZAV_nvram_set_str_helper(int index, const char *key, const char *value) {
-    InterfaceName ifname;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
-        return failure;
-    return nvram_set_str(ifname.data(), key, value);
 }

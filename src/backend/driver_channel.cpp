@@ -1,8 +1,8 @@
 #include "backend/driver_channel.h"
 
 #include "backend/descriptor.h"
+#include "backend/driver_state.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/shell.h"
 #include "backend/text.h"
@@ -10,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <cerrno>
-#include <cstdio>
 #include <cstring>
 #include <limits>
 #include <linux/wireless.h>
@@ -70,22 +69,20 @@ Asked ask(unsigned long number, const InterfaceName &ifname, char (&request_name
 }
 
 Status change_link(const char *who, int index, const char *state) {
-    InterfaceName ifname;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+    Bss bss;
+    if (find_bss(index, &bss) != success)
         return failure;
-    std::array<char, 48> command;
-    std::snprintf(command.data(), command.size(), "ifconfig %s %s", ifname.data(), state);
-    return run_command(who, command.data());
+    return run_command(who, std::string("ifconfig ").append(bss.name.data()).append(state).c_str());
 }
 
 } // namespace
 
 Status ZAV_Set(int index, const char *command) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", __func__, index);
-    if (!driver_initialised)
+    if (!driver_is(DriverState::initialised))
         return success; // the settings file carries the value into the next init
-    InterfaceName ifname{};
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success) {
+    Bss bss;
+    if (find_bss(index, &bss) != success) {
         log_error("[ZAV-API] Error %s invalid interface index: %d\n", __func__, index);
         return failure;
     }
@@ -93,16 +90,16 @@ Status ZAV_Set(int index, const char *command) {
     if (!channel.valid())
         return failure;
     std::string text(command); // the request's pointer is not const
-    iwreq request = make_request(ifname, text.data(), text.size() + 1);
-    return issue(__func__, channel, set_request, ifname, &request);
+    iwreq request = make_request(bss.name, text.data(), text.size() + 1);
+    return issue(__func__, channel, set_request, bss.name, &request);
 }
 
 Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
     log_debug("[ZAV-API] %s entry (index=%d, cmd=%s).\n", __func__, index, query);
     copy_text(ret_reply, "");
-    InterfaceName ifname{};
+    Bss bss;
     const std::size_t length = std::strlen(query) + 1;
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success || length >= longest_answer)
+    if (find_bss(index, &bss) != success || length >= longest_answer)
         return failure;
     const Descriptor channel = open_channel(__func__);
     if (!channel.valid())
@@ -110,8 +107,8 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
     const auto buffer = make_buffer();
     std::memcpy(buffer.get(), query, length);
     log_debug("[ZAV-API] %s (buffer=%s,len=%d).\n", __func__, buffer.get(), static_cast<int>(length));
-    iwreq request = make_request(ifname, buffer.get(), length);
-    if (issue(__func__, channel, number_of(PrivateRequest::show), ifname, &request) != success)
+    iwreq request = make_request(bss.name, buffer.get(), length);
+    if (issue(__func__, channel, number_of(PrivateRequest::show), bss.name, &request) != success)
         return failure;
     // The answer's last byte is its terminator. A tab before the text is no part of it.
     const std::size_t answered = request.u.data.length;
@@ -120,9 +117,9 @@ Status ZAV_Show(int index, const char *query, std::span<char> ret_reply) {
     return success;
 }
 
-Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, "up"); }
+Status ZAV_InterfaceUp(int index) { return change_link(__func__, index, " up"); }
 
-Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, "down"); }
+Status ZAV_InterfaceDown(int index) { return change_link(__func__, index, " down"); }
 
 Asked ask_flags(const InterfaceName &ifname, unsigned *ret_flags) {
     ifreq request{};

@@ -3,9 +3,11 @@
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
 #include "backend/log.h"
+#include "backend/running_interfaces.h"
 #include "backend/shell.h"
 #include "backend/value_lists.h"
 
+#include <atomic>
 #include <chrono>
 #include <condition_variable>
 #include <mutex>
@@ -17,71 +19,58 @@ namespace {
 // The driver needs this long until its interfaces can join bridges.
 constexpr std::chrono::seconds settling_time{4};
 
-struct BandCommands {
-    unsigned band;
-    const char *load, *init, *vlans;
-};
-
-constexpr BandCommands band_commands[] = {
-    {24, "$zav_install_dir/zv_host.sh load 24g", "$zav_install_dir/zv_host.sh init 24g",
-     "$zav_install_dir/zv_host.sh addvlans 24g no_ipv6&& $zav_install_dir/zv_host.sh rtdot1xd 24g"},
-    {5, "$zav_install_dir/zv_host.sh load 5g", "$zav_install_dir/zv_host.sh init 5g",
-     "$zav_install_dir/zv_host.sh addvlans 5g no_ipv6&& $zav_install_dir/zv_host.sh rtdot1xd 5g"},
-    {245, "$zav_install_dir/zv_host.sh load dual", "$zav_install_dir/zv_host.sh init dual",
-     "$zav_install_dir/zv_host.sh addvlans dual no_ipv6&& $zav_install_dir/zv_host.sh rtdot1xd dual"},
-};
-constexpr const BandCommands &dual_commands = band_commands[2];
-
-std::mutex stop_mutex; // guards what follows and the changes of driver_run
+std::mutex stop_mutex; // guards what follows
 std::condition_variable stop_ended;
 bool stop_runs = false;
+std::atomic<unsigned> current_run{0}; // read without it too
 
-const BandCommands *find_band(unsigned band) {
-    for (const BandCommands &commands : band_commands)
-        if (commands.band == band)
-            return &commands;
-    return nullptr;
+bool is_selector(int radios) {
+    return radios == static_cast<int>(Radios::only_24g) || radios == static_cast<int>(Radios::only_5g) ||
+           radios == static_cast<int>(Radios::both);
 }
 
-Status wps_enabled(const InterfaceName &ifname, int *ret_enabled) {
-    return read_list_number(ifname.data(), "WscEnable", 1, ret_enabled);
+Status run_for(const char *who, const char *verb, Radios radios, std::unique_lock<std::mutex> held = {}) {
+    return run_command(who, host_command(verb, script_word(radios)).c_str(), std::move(held));
+}
+
+Status read_wps_enabled(const Bss &bss, int *ret_enabled) {
+    return read_list_number(bss, "WscEnable", 1, ret_enabled);
 }
 
 // The driver comes up with WPS on, whatever the settings say.
 Status switch_wps_mode_off(int first_index) { return ZAV_Set(first_index, "WscConfMode=0"); }
 
 Status switch_wps_mode_off_if_disabled(int first_index) {
-    InterfaceName ifname;
+    Bss bss;
     int enabled = 0;
-    if (GET_IFNAME_FROM_INDEX(&ifname, first_index, nullptr) != success ||
-        wps_enabled(ifname, &enabled) != success)
+    if (find_bss(first_index, &bss) != success || read_wps_enabled(bss, &enabled) != success)
         return failure;
     return enabled != 0 ? success : switch_wps_mode_off(first_index);
 }
 
 int first_index_5g() { return static_cast<int>(refresh_counts().on_24g) + 1; }
 
-Status settle_wps(int running) {
-    if ((running == 24 || running == 245) && switch_wps_mode_off_if_disabled(1) != success)
+Status settle_wps(Radios running) {
+    if (includes(running, Radio::band_24g) && switch_wps_mode_off_if_disabled(1) != success)
         return failure;
-    if ((running == 5 || running == 245) && switch_wps_mode_off_if_disabled(first_index_5g()) != success)
+    if (includes(running, Radio::band_5g) && switch_wps_mode_off_if_disabled(first_index_5g()) != success)
         return failure;
     return success;
 }
 
 bool has_ended(unsigned run) {
     const auto held = hold_stops_off();
-    return run != driver_run;
+    return run != current_run;
 }
 
 Status begin_init(const char *who, unsigned run) {
-    if (run != driver_run)
+    if (run != current_run)
         return failure;
-    if (!driver_loaded) {
+    if (!driver_is(DriverState::loaded)) {
         log_error("[ZAV-API] Error %s The driver/s was not loaded!\n", who);
         return failure;
     }
-    return driver_initialised.exchange(true) ? failure : success;
+    return advance_driver_state(DriverState::loaded, DriverState::initialised) ? success : failure;
 }
 
 void begin_stop() {
@@ -92,11 +81,8 @@ void begin_stop() {
 void end_stop(Status result) {
     const std::lock_guard held(stop_mutex);
     if (result == success) {
-        ++driver_run;
-        driver_initialised = false;
-        driver_loaded = false;
-        forget_counts();
-        vlan_file_is_reset = false;
+        ++current_run;
+        set_known_driver();
     }
     stop_runs = false;
     stop_ended.notify_all();
@@ -110,57 +96,54 @@ std::unique_lock<std::mutex> hold_stops_off() {
     return held;
 }
 
-Status check_driver(const char *who, const std::atomic<bool> &flag) {
-    if (flag)
-        return success;
-    log_debug("[ZAV-API] %s The driver is not initialized\n", who);
-    return failure;
+unsigned driver_run() { return current_run; }
+
+std::string host_command(std::string_view verb, std::string_view argument) {
+    return std::string("$zav_install_dir/zv_host.sh ").append(verb).append(" ").append(argument);
 }
 
-Status ZAV_Start(int band) {
-    if (driver_loaded) {
+Status ZAV_Start(int radios) {
+    if (driver_is(DriverState::loaded)) {
         log_debug("[ZAV-API] %s The driver already loaded", __func__);
         return success;
     }
-    if (GET_RUNNING_INTERFACES() != 0)
+    if (GET_RUNNING_INTERFACES() != Radios::none)
         return success;
-    const BandCommands *commands = find_band(static_cast<unsigned>(band));
-    if (commands == nullptr)
+    if (!is_selector(radios))
         return failure;
-    set_interfaces_up(commands->band);
-    if (run_command(__func__, commands->load) != success)
+    set_interfaces_up(static_cast<Radios>(radios));
+    if (run_for(__func__, "load", interfaces_up()) != success)
         return failure;
-    driver_loaded = true;
+    set_driver_state(DriverState::loaded);
     return success;
 }
 
 Status ZAV_Init(unsigned run) {
     log_debug("[ZAV-API] %s  entry.\n", __func__);
     auto held = hold_stops_off();
-    if (begin_init(__func__, run) != success)
-        return failure;
-    const BandCommands *commands = find_band(InterfacesUp);
-    if (commands == nullptr || run_command(__func__, commands->init, std::move(held)) != success)
+    if (begin_init(__func__, run) != success ||
+        run_for(__func__, "init", interfaces_up(), std::move(held)) != success)
         return failure;
     if (has_ended(run))
         return failure; // what runs now is not the driver of this init
-    const int running = GET_RUNNING_INTERFACES();
-    if (running == 0 || settle_wps(running) != success)
+    const Radios running = GET_RUNNING_INTERFACES();
+    if (running == Radios::none || settle_wps(running) != success)
         return failure;
     std::this_thread::sleep_for(settling_time);
     held = hold_stops_off();
-    if (run != driver_run)
+    if (run != current_run)
         return failure; // nothing is left that could join a bridge
-    const BandCommands *settled = find_band(static_cast<unsigned>(running));
-    return run_command(__func__, settled == nullptr ? dual_commands.vlans : settled->vlans, std::move(held));
+    const char *word = script_word(running);
+    const std::string vlans = host_command("addvlans", word) + " no_ipv6&& " + host_command("rtdot1xd", word);
+    return run_command(__func__, vlans.c_str(), std::move(held));
 }
 
 Status ZAV_Stop() {
     log_debug("[ZAV-API] %s entry.\n", __func__);
     begin_stop();
-    Status result = run_command(__func__, "$zav_install_dir/zv_host.sh removevlans dual br0_remains");
+    Status result = run_command(__func__, host_command("removevlans", "dual br0_remains").c_str());
     if (result == success)
-        result = run_command(__func__, "$zav_install_dir/zv_host.sh stop all");
+        result = run_command(__func__, host_command("stop", "all").c_str());
     end_stop(result);
     return result;
 }
@@ -171,16 +154,14 @@ Status ZAV_Restart(int index) {
     if (find_bss(__func__, index, &bss) != success)
         return failure;
     auto held = hold_stops_off();
-    const unsigned run = driver_run;
-    if (!driver_initialised)
+    const unsigned run = current_run;
+    if (!driver_is(DriverState::initialised))
         return success;
-    if (wps_enabled(bss.ifname, &enabled) != success)
+    if (read_wps_enabled(bss, &enabled) != success)
         return failure;
     log_debug("[ZAV-API] %s restarting interfaces...\n", __func__);
-    const char *command = is_24g_name(bss.ifname.data())
-                              ? "$zav_install_dir/zv_host.sh restart_interfaces 24g"
-                              : "$zav_install_dir/zv_host.sh restart_interfaces 5g";
-    if (run_command(__func__, command, std::move(held)) != success)
+    const std::string command = host_command("restart_interfaces", script_word(bss.radio));
+    if (run_command(__func__, command.c_str(), std::move(held)) != success)
         return failure;
     if (enabled != 0 || has_ended(run))
         return success;
@@ -188,7 +169,7 @@ Status ZAV_Restart(int index) {
 }
 
 Status ZAV_RestartAll() {
-    if (!driver_initialised)
+    if (!driver_is(DriverState::initialised))
         return success;
     log_debug("[ZAV-API] %s restarting all interfaces..\n", __func__);
     const BssCounts counts = refresh_counts();

@@ -6,6 +6,8 @@
 
 // Debug lines go to standard output while the file /tmp/wlandbg is readable; that is asked afresh before each
 // line. Error lines go to standard error always. Safe from any thread.
+//
+// A line is interface, to the letter: other programs read "coruppted" and "does not exits!!!!!!" as they are.
 
 bool debug_enabled();
 

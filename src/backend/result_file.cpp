@@ -11,8 +11,6 @@
 #include <cstring>
 #include <memory>
 
-namespace {
-
 Status read_first_line(const char *who, const char *path, std::span<char> ret_line) {
     log_debug("[ZAV-API] %s entry (file=%s).\n", who, path);
     const std::unique_ptr<FILE, int (*)(FILE *)> file(std::fopen(path, "re"), std::fclose);
@@ -30,8 +28,6 @@ Status read_first_line(const char *who, const char *path, std::span<char> ret_li
     return std::strncmp(ret_line.data(), "usage:", 6) == 0 ? failure : success;
 }
 
-} // namespace
-
 Status get_int_value(const char *path, unsigned *ret_value) {
     std::array<char, 32> line;
     int value = 0;
@@ -40,8 +36,4 @@ Status get_int_value(const char *path, unsigned *ret_value) {
     (void)scan_number(line.data(), &value); // a line without a number counts as 0
     *ret_value = static_cast<unsigned>(value);
     return success;
-}
-
-Status get_str_value(const char *path, std::span<char> ret_text) {
-    return ret_text.size() < 2 ? failure : read_first_line(__func__, path, ret_text);
 }

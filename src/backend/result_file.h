@@ -10,5 +10,5 @@
 // The number at the start of the first line, whole up to 2^32 - 1; -1 also for an empty line.
 Status get_int_value(const char *path, unsigned *ret_value);
 
-// The first line without its line feed, cut at the buffer.
-Status get_str_value(const char *path, std::span<char> ret_text);
+// The first line without its line feed, cut at the buffer; `who` is named in the lines.
+Status read_first_line(const char *who, const char *path, std::span<char> ret_line);

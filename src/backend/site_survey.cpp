@@ -2,7 +2,6 @@
 
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 
 #include <algorithm>
@@ -16,44 +15,44 @@ namespace {
 std::mutex survey_mutex;
 SurveyBlock survey_24g, survey_5g; // under the mutex
 
-SurveyBlock &block_of(bool is_24g) { return is_24g ? survey_24g : survey_5g; }
+SurveyBlock &block_of(Radio radio) { return radio == Radio::band_24g ? survey_24g : survey_5g; }
 
 Status check_running(const char *who, int index) {
     log_debug("[ZAV-API] %s entry (index=%d).\n", who, index);
     if (isIndexValid(index) != success)
         return failure;
-    return check_driver(who, driver_initialised);
+    return check_driver(who, DriverState::initialised);
 }
 
 Status find_block(const char *who, int index, const SurveyBlock **ret_block) {
-    InterfaceName ifname;
-    if (check_running(who, index) != success || GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) != success)
+    Bss bss;
+    if (check_running(who, index) != success || find_bss(index, &bss) != success)
         return failure;
-    *ret_block = &block_of(is_24g_name(ifname.data()));
+    *ret_block = &block_of(bss.radio);
     return success;
 }
 
 } // namespace
 
-void publish_survey(bool is_24g, const SurveyAnswer &answer) {
+void publish_survey(Radio radio, const SurveyAnswer &answer) {
     static_assert(sizeof(SurveyAnswer) >= sizeof(SurveyBlock));
     const std::lock_guard held(survey_mutex);
-    SurveyBlock &block = block_of(is_24g);
+    SurveyBlock &block = block_of(radio);
     std::memcpy(&block, answer.data(), sizeof block);
     block.count = static_cast<unsigned char>(std::min<unsigned>(block.count, most_neighbours));
 }
 
 Status ZAV_ApSiteSurvey(int index) {
-    InterfaceName ifname;
-    if (ZAV_getIfNameByIndex(index, &ifname) != success)
+    Bss bss;
+    if (ZAV_getIfNameByIndex(index, &bss) != success)
         return failure;
-    const bool is_24g = ZAV_is24g(ifname.data()) == 1;
+    (void)ZAV_is24g(bss);                                 // for its line
     const auto answer = std::make_unique<SurveyAnswer>(); // zeros
-    publish_survey(is_24g, *answer);
-    const Status asked = ask_private(__func__, ifname, {.request = PrivateRequest::survey},
+    publish_survey(bss.radio, *answer);
+    const Status asked = ask_private(__func__, bss.name, {.request = PrivateRequest::survey},
                                      std::as_writable_bytes(std::span(*answer)));
     if (asked == success)
-        publish_survey(is_24g, *answer);
+        publish_survey(bss.radio, *answer);
     return asked;
 }
 

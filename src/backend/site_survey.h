@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/interfaces.h"
 #include "backend/status.h"
 
 #include <array>
@@ -52,7 +53,7 @@ using SurveyAnswer = std::array<char, 8232>;
 
 // Replaces the block of the band by the beginning of the answer, whole, so that a reader has the old one or
 // the new one; a count beyond the records is cut to them.
-void publish_survey(bool is_24g, const SurveyAnswer &answer);
+void publish_survey(Radio radio, const SurveyAnswer &answer);
 
 // Clears the band's block, scans, which takes seconds, and publishes what the driver answered. -1 for an
 // index without a BSS, before the driver is initialised, or when it does not answer; the block stays cleared

@@ -2,7 +2,6 @@
 
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/mac.h"
 #include "backend/result_file.h"
@@ -17,13 +16,12 @@
 
 namespace {
 
-// Reads the table of the index's radio and tells the number of the index's BSS.
-Status read_table(const char *who, int index, unsigned *ret_bss, StationTable *ret_table) {
-    if (check_driver(who, driver_initialised) != success)
+// Reads the table of the index's radio, and finds the index's BSS.
+Status read_table(const char *who, int index, Bss *ret_bss, StationTable *ret_table) {
+    if (check_driver(who, DriverState::initialised) != success)
         return failure;
-    InterfaceName ifname{};
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, ret_bss) != success ||
-        ask_private(who, ifname, {PrivateRequest::stations, "get_mac_table"},
+    if (find_bss(index, ret_bss) != success ||
+        ask_private(who, ret_bss->name, {PrivateRequest::stations, "get_mac_table"},
                     std::as_writable_bytes(std::span(ret_table, 1))) != success)
         return failure;
     if (ret_table->count > ret_table->stations.size()) {
@@ -47,7 +45,8 @@ const StationRecord *next_station(const char *who, const StationTable &table, un
     return nullptr;
 }
 
-// What a client calls a counter, what the driver's text calls it, and the file that takes it.
+// What a client calls a counter ("ByteReceived" is no slip of the pen), what the driver's text calls it, and
+// the file that takes it.
 struct BasicStat {
     std::string_view key;
     const char *label, *file;
@@ -86,10 +85,11 @@ constexpr CounterWord counter_words[] = {
 
 Status ZAV_GetAssocDevicesNum(int index, unsigned *ret_count) {
     const auto table = std::make_unique<StationTable>();
-    unsigned bss = 0, position = 0, count = 0;
+    Bss bss;
+    unsigned position = 0, count = 0;
     if (read_table(__func__, index, &bss, table.get()) != success)
         return failure;
-    while (next_station(__func__, *table, bss, &position) != nullptr)
+    while (next_station(__func__, *table, bss.number, &position) != nullptr)
         ++count;
     log_debug("[ZAV-API] %s end (table.Num=%d,devNum=%d).\n", __func__, static_cast<int>(table->count),
               static_cast<int>(count));
@@ -99,12 +99,13 @@ Status ZAV_GetAssocDevicesNum(int index, unsigned *ret_count) {
 
 Status ZAV_GetAssocDevice(int index, int device_number, StationRecord *ret_station) {
     const auto table = std::make_unique<StationTable>();
-    unsigned bss = 0, position = 0;
+    Bss bss;
+    unsigned position = 0;
     if (read_table(__func__, index, &bss, table.get()) != success)
         return failure;
     const StationRecord *station = nullptr;
     for (long long passed = -1; passed < device_number; ++passed) {
-        station = next_station(__func__, *table, bss, &position);
+        station = next_station(__func__, *table, bss.number, &position);
         if (station == nullptr)
             break;
     }
@@ -117,12 +118,14 @@ Status ZAV_GetAssocDevice(int index, int device_number, StationRecord *ret_stati
 }
 
 Status ZAV_GetAssocDevicesTable(int index, StationTable *ret_table) {
-    return read_table(__func__, index, nullptr, ret_table);
+    Bss bss;
+    return read_table(__func__, index, &bss, ret_table);
 }
 
 Status ZAV_GetAssocDevicesTableNumOfEntries(int index, unsigned *ret_count) {
     const auto table = std::make_unique<StationTable>();
-    if (read_table(__func__, index, nullptr, table.get()) != success)
+    Bss bss;
+    if (read_table(__func__, index, &bss, table.get()) != success)
         return failure;
     *ret_count = table->count;
     return success;
@@ -138,9 +141,8 @@ void ZAV_EquivalentRssiCalc(int rssi1, int rssi2, int rssi3, int *ret_rssi) {
 }
 
 Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value) {
-    InterfaceName ifname;
-    unsigned bss = 0;
-    if (check_index(__func__, index) != success || GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
+    Bss bss;
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
     const auto *stat = std::find_if(std::begin(basic_stats), std::end(basic_stats),
                                     [key](const BasicStat &each) { return each.key == key; });
@@ -152,8 +154,8 @@ Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value) {
     std::snprintf(command.data(), command.size(),
                   "iwpriv %s show stat | sed -n '/IF-ra%d -/,/ra%d end /p'| awk -F ' = ' -v KEY=\"%s\" "
                   "'($1 == KEY) {print($2);}' > /tmp/%s",
-                  ifname.data(), static_cast<int>(bss) - 1, static_cast<int>(bss) - 1, stat->label,
-                  stat->file);
+                  bss.name.data(), static_cast<int>(bss.number) - 1, static_cast<int>(bss.number) - 1,
+                  stat->label, stat->file);
     log_debug("[ZAV-API] %s command=%s.\n", __func__, command.data());
     std::array<char, 32> path;
     std::snprintf(path.data(), path.size(), "/tmp/%s", stat->file);

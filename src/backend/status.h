@@ -8,7 +8,7 @@ enum [[nodiscard]] Status : int{
 };
 
 // Of two writes that make one setting: unchanged only when both found their value stored.
-constexpr Status both(Status first, Status second) {
+constexpr Status code_of_two(Status first, Status second) {
     if (first == failure || second == failure)
         return failure;
     return first == unchanged && second == unchanged ? unchanged : success;

@@ -1,7 +1,7 @@
 #pragma once
 
 #include <algorithm>
-#include <array>
+#include <cstddef>
 #include <cstdlib>
 #include <span>
 #include <string_view>

@@ -28,10 +28,10 @@ TextList parse_texts(std::string_view list, bool ends_at_gap) {
     return fields;
 }
 
-Status read_field(const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
+Status read_field(const SettingsFile &file, std::string_view key, unsigned bss, bool ends_at_gap,
                   std::span<char> ret_text) {
     std::string stored;
-    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
+    if (!has_field(bss) || nvram_get_whole(file, key, &stored) != success)
         return failure;
     copy_text(ret_text, parse_texts(stored, ends_at_gap).at(bss - 1));
     return success;
@@ -42,18 +42,18 @@ Status refuse_text(const char *who) {
     return failure;
 }
 
-Status write_field(const char *who, const char *ifname, const char *key, unsigned bss, bool ends_at_gap,
-                   const char *text) {
+Status write_field(const char *who, const SettingsFile &file, std::string_view key, unsigned bss,
+                   bool ends_at_gap, const char *text) {
     if (!fits_list(text))
         return refuse_text(who);
     std::string stored, changed;
-    if (!has_field(bss) || nvram_get_whole(ifname, key, &stored) != success)
+    if (!has_field(bss) || nvram_get_whole(file, key, &stored) != success)
         return failure;
     TextList fields = parse_texts(stored, ends_at_gap);
     fields.at(bss - 1) = text;
     for (const auto &field : fields)
         changed.append(&field == fields.data() ? "" : ";").append(field);
-    return nvram_set_str(ifname, key, changed.c_str());
+    return nvram_set_str(file, key, changed.c_str());
 }
 
 } // namespace
@@ -67,63 +67,66 @@ void parse_numbers(const char *list, std::span<int> ret_numbers) {
     }
 }
 
-Status read_numbers(const char *ifname, const char *key, std::span<int> ret_numbers) {
+Status read_numbers(const SettingsFile &file, std::string_view key, std::span<int> ret_numbers) {
     std::string stored;
-    if (nvram_get_whole(ifname, key, &stored) != success)
+    if (nvram_get_whole(file, key, &stored) != success)
         return failure;
     parse_numbers(stored.c_str(), ret_numbers);
     return success;
 }
 
-Status write_numbers(const char *ifname, const char *key, std::span<const int> numbers) {
+Status write_numbers(const SettingsFile &file, std::string_view key, std::span<const int> numbers) {
     std::string text;
     for (const int number : numbers)
         text.append(text.empty() ? "" : ";").append(std::to_string(number));
-    return nvram_set_str(ifname, key, text.c_str());
+    return nvram_set_str(file, key, text.c_str());
 }
 
-Status read_list_number(const char *ifname, const char *key, unsigned bss, int *ret_value) {
+Status read_list_number(const SettingsFile &file, std::string_view key, unsigned bss, int *ret_value) {
     NumberList list;
-    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
+    if (!has_field(bss) || read_numbers(file, key, list) != success)
         return failure;
     *ret_value = list.at(bss - 1);
     return success;
 }
 
-Status write_list_number(const char *ifname, const char *key, unsigned bss, int value) {
+Status write_list_number(const SettingsFile &file, std::string_view key, unsigned bss, int value) {
     NumberList list;
-    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
+    if (!has_field(bss) || read_numbers(file, key, list) != success)
         return failure;
     list.at(bss - 1) = value;
-    return write_numbers(ifname, key, list);
+    return write_numbers(file, key, list);
 }
 
-Status change_list_number(const char *ifname, const char *key, unsigned bss, int value) {
+Status change_list_number(const SettingsFile &file, std::string_view key, unsigned bss, int value) {
     NumberList list;
-    if (!has_field(bss) || read_numbers(ifname, key, list) != success)
+    if (!has_field(bss) || read_numbers(file, key, list) != success)
         return failure;
     if (list.at(bss - 1) == value)
         return unchanged;
     list.at(bss - 1) = value;
-    return write_numbers(ifname, key, list);
+    return write_numbers(file, key, list);
 }
 
-Status read_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text) {
-    return read_field(ifname, key, bss, false, ret_text);
+Status read_list_text(const SettingsFile &file, std::string_view key, unsigned bss,
+                      std::span<char> ret_text) {
+    return read_field(file, key, bss, false, ret_text);
 }
 
-Status read_unbroken_list_text(const char *ifname, const char *key, unsigned bss, std::span<char> ret_text) {
-    return read_field(ifname, key, bss, true, ret_text);
+Status read_unbroken_list_text(const SettingsFile &file, std::string_view key, unsigned bss,
+                               std::span<char> ret_text) {
+    return read_field(file, key, bss, true, ret_text);
 }
 
 bool fits_list(const char *text) { return std::strpbrk(text, ";\n") == nullptr; }
 
-Status write_list_text(const char *who, const char *ifname, const char *key, unsigned bss, const char *text) {
-    return write_field(who, ifname, key, bss, false, text);
+Status write_list_text(const char *who, const SettingsFile &file, std::string_view key, unsigned bss,
+                       const char *text) {
+    return write_field(who, file, key, bss, false, text);
 }
 
 // An empty text would be a gap, which takes the fields behind it from their BSSes.
-Status write_unbroken_list_text(const char *who, const char *ifname, const char *key, unsigned bss,
+Status write_unbroken_list_text(const char *who, const SettingsFile &file, std::string_view key, unsigned bss,
                                 const char *text) {
-    return *text == '\0' ? refuse_text(who) : write_field(who, ifname, key, bss, true, text);
+    return *text == '\0' ? refuse_text(who) : write_field(who, file, key, bss, true, text);
 }

@@ -1,7 +1,6 @@
 #include "backend/bss_identity.h"
 #include "backend/config_store.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/shell.h"
 
@@ -11,14 +10,13 @@
 
 namespace {
 
-constexpr char vlan_store[] = "vlan"; // the store's name for the VLAN file
 constexpr int collecting_vlan = 4095; // its slot gathers interfaces, and its ports have no VLAN id
 
 std::string slot_key(unsigned slot, const char *rest = "") { return "VlanId" + std::to_string(slot) + rest; }
 
 int stored_vlan(unsigned slot) {
     int vlan = 0; // also of a slot that is not there
-    (void)nvram_get_int(vlan_store, slot_key(slot).c_str(), &vlan);
+    (void)nvram_get_int(settings_vlan, slot_key(slot), &vlan);
     return vlan;
 }
 
@@ -45,21 +43,21 @@ std::string members_with(const std::string &stored, const std::string &ifname) {
 }
 
 Status store_vlan(const char *who, int vlan, unsigned slot, bool is_free, const std::string &ifname) {
-    Setting id{slot_key(slot), std::to_string(vlan)}, members{slot_key(slot, "Members"), "\"eth0\""},
+    KeyValue id{slot_key(slot), std::to_string(vlan)}, members{slot_key(slot, "Members"), "\"eth0\""},
         port_vlan{"Vlan" + ifname + "Pvid", id.value};
     if (vlan == collecting_vlan) {
         std::string stored;
-        (void)nvram_get_whole(vlan_store, members.key.c_str(), &stored);
+        (void)nvram_get_whole(settings_vlan, members.key, &stored);
         members.value = members_with(stored, ifname);
         port_vlan.value.clear();
     }
     const std::array settings{id, members, port_vlan};
     const auto written = std::span(settings).subspan(is_free ? 0 : 1);
     // All or nothing: the lines must fit before the first is written.
-    if (!nvram_can_take(who, vlan_store, written))
+    if (!nvram_can_take(who, settings_vlan, written))
         return failure;
     for (const auto &[key, value] : written)
-        if (nvram_set_str(vlan_store, key.c_str(), value.c_str()) == failure)
+        if (nvram_set_str(settings_vlan, key, value.c_str()) == failure)
             return failure;
     return success;
 }
@@ -67,15 +65,15 @@ Status store_vlan(const char *who, int vlan, unsigned slot, bool is_free, const 
 } // namespace
 
 Status ZAV_AssocitaleVlan(const char *bssid, std::uint16_t vlan) {
-    if (!vlan_file_is_reset) {
+    if (!vlan_file_is_reset()) {
         if (run_command(__func__, "$zav_install_dir/restore_defaults.sh ZAV750 vlan") != success)
             return failure;
-        vlan_file_is_reset = true;
+        set_vlan_file_is_reset(true);
     }
     unsigned port = 0, index = 0, slot = 0;
-    InterfaceName ifname;
+    Bss bss;
     if (ZAV_GetBSSIDPort(bssid, &port, &index) != success ||
-        GET_IFNAME_FROM_INDEX(&ifname, static_cast<int>(index), nullptr) != success) {
+        find_bss(static_cast<int>(index), &bss) != success) {
         log_error("[ZAV-API] Error %s ZAV_GetBSSIDPort failed \n", __func__);
         return failure;
     }
@@ -84,5 +82,5 @@ Status ZAV_AssocitaleVlan(const char *bssid, std::uint16_t vlan) {
         log_error("[ZAV-API] Error %s search_vlan == entries \n", __func__);
         return failure;
     }
-    return store_vlan(__func__, vlan, slot, is_free, ifname.data());
+    return store_vlan(__func__, vlan, slot, is_free, bss.name.data());
 }

@@ -11,7 +11,7 @@
 
 #include <algorithm>
 #include <array>
-#include <cstdio>
+#include <string>
 
 namespace {
 
@@ -33,7 +33,7 @@ Status find_on_radio(const char *who, int index, RadioBss *ret_bss) {
 Status read_transmitter(const char *who, const Bss &bss, bool *ret_is_on) {
     std::array<char, 16> text;
     int number = 0;
-    if (nvram_get_str(bss.ifname.data(), "ZvTxEn", text) != success)
+    if (nvram_get_str(bss, "ZvTxEn", text) != success)
         return failure;
     (void)scan_number(text.data(), &number);
     log_debug("[ZAV-API] %s ZvTxEn=%d\n", who, number);
@@ -67,15 +67,7 @@ Status switch_off(const RadioBss &bss, int enabled_on_band) {
     return bss.index == first ? success : swap_interfaces(first, bss.index);
 }
 
-using SsidKey = std::array<char, 24>;
-
-Status find_custom_ssid(int index, InterfaceName *ret_ifname, SsidKey *ret_key) {
-    unsigned bss = 0;
-    if (GET_IFNAME_FROM_INDEX(ret_ifname, index, &bss) != success)
-        return failure;
-    std::snprintf(ret_key->data(), ret_key->size(), "SSID_Prefix%u", bss);
-    return success;
-}
+std::string custom_ssid_key(const Bss &bss) { return "SSID_Prefix" + std::to_string(bss.number); }
 
 } // namespace
 
@@ -83,7 +75,7 @@ Status ZAV_GetEnable(int index, unsigned *ret_enable) {
     Bss bss;
     int enable = 0;
     if (find_bss(__func__, index, &bss) != success ||
-        read_list_number(bss.ifname.data(), enabled_key, bss.number, &enable) != success)
+        read_list_number(bss, enabled_key, bss.number, &enable) != success)
         return failure;
     *ret_enable = static_cast<unsigned>(enable);
     return success;
@@ -93,12 +85,11 @@ Status ZAV_SetEnable(int index, unsigned enable) {
     RadioBss bss;
     if (find_on_radio(__func__, index, &bss) != success)
         return failure;
-    if (const Status stored =
-            change_list_number(bss.ifname.data(), enabled_key, bss.number, static_cast<int>(enable));
+    if (const Status stored = change_list_number(bss, enabled_key, bss.number, static_cast<int>(enable));
         stored != success)
         return stored;
     const int enabled_on_band = getBssEnabledOnBand(index);
-    if (!driver_loaded)
+    if (!driver_is(DriverState::loaded))
         return success;
     bool transmitter_is_on = false;
     if (read_transmitter(__func__, bss, &transmitter_is_on) != success)
@@ -111,8 +102,7 @@ Status ZAV_SetEnable(int index, unsigned enable) {
 int getBssEnabledOnBand(int index) {
     RadioBss bss;
     NumberList list;
-    if (find_on_radio(__func__, index, &bss) != success ||
-        read_numbers(bss.ifname.data(), enabled_key, list) != success)
+    if (find_on_radio(__func__, index, &bss) != success || read_numbers(bss, enabled_key, list) != success)
         return -1;
     const unsigned bss_on_band = bss.last - bss.first + 1;
     log_debug("[ZAV-API] %s bss_on_band=%d\n", __func__, static_cast<int>(bss_on_band));
@@ -123,18 +113,9 @@ int getBssEnabledOnBand(int index) {
 }
 
 Status restartRadiusDaemon() {
-    if (!driver_loaded)
+    if (!driver_is(DriverState::loaded))
         return failure;
-    switch (InterfacesUp) {
-    case 24:
-        return run_command(__func__, "$zav_install_dir/zv_host.sh rtdot1xd 24g");
-    case 5:
-        return run_command(__func__, "$zav_install_dir/zv_host.sh rtdot1xd 5g");
-    case 245:
-        return run_command(__func__, "$zav_install_dir/zv_host.sh rtdot1xd dual");
-    default:
-        return failure;
-    }
+    return run_command(__func__, host_command("rtdot1xd", script_word(interfaces_up())).c_str());
 }
 
 Status ZAV_SetRestoreDefaults(int index) {
@@ -142,17 +123,15 @@ Status ZAV_SetRestoreDefaults(int index) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return run_command(__func__, is_24g_name(bss.ifname.data())
+    return run_command(__func__, bss.radio == Radio::band_24g
                                      ? "$zav_install_dir/restore_defaults.sh ZAV750 24"
                                      : "$zav_install_dir/restore_defaults.sh ZAV750 5");
 }
 
 Status ZAV_GetCustomSSIDStr(int index, std::span<char> ret_ssid) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    InterfaceName ifname;
-    SsidKey key;
-    if (find_custom_ssid(index, &ifname, &key) != success ||
-        nvram_get_str(ifname.data(), key.data(), ret_ssid) != success)
+    Bss bss;
+    if (find_bss(index, &bss) != success || nvram_get_str(bss, custom_ssid_key(bss), ret_ssid) != success)
         return failure;
     log_debug("[ZAV-API] %s (%s).\n", __func__, ret_ssid.data());
     return success;
@@ -160,9 +139,6 @@ Status ZAV_GetCustomSSIDStr(int index, std::span<char> ret_ssid) {
 
 Status ZAV_SetCustomSSIDStr(int index, const char *ssid) {
     log_debug("[ZAV-API] %s entry (%d,%s).\n", __func__, index, ssid);
-    InterfaceName ifname;
-    SsidKey key;
-    if (find_custom_ssid(index, &ifname, &key) != success)
-        return failure;
-    return nvram_set_str(ifname.data(), key.data(), ssid);
+    Bss bss;
+    return find_bss(index, &bss) == success ? nvram_set_str(bss, custom_ssid_key(bss), ssid) : failure;
 }

@@ -4,7 +4,7 @@
 #include "backend/value_lists.h"
 #include "radio/kinds.h"
 
-constexpr BssList station_isolate{.key = "NoForwarding", .holds = Holds::flag};
+constexpr BssList station_isolate{.key = "NoForwarding", .kind = FieldKind::flag};
 Status ZAV_GetStationIsolate(int index, unsigned *ret_enable) {
     return read_setting(__func__, station_isolate, index, ret_enable);
 }
@@ -37,7 +37,8 @@ Status ZAV_SetInterworkIeAccessNetType(int index, unsigned type) {
     return write_setting(__func__, access_net_type, index, type);
 }
 
-constexpr BssList ssid_advertisement{.key = "HideSSID", .holds = Holds::inverted_flag, .keeps_equal = true};
+constexpr BssList ssid_advertisement{
+    .key = "HideSSID", .kind = FieldKind::inverted_flag, .keeps_equal = true};
 Status ZAV_SetSsidAdvertisementEnabled(int index, unsigned enable) {
     return write_setting(__func__, ssid_advertisement, index, enable);
 }
@@ -61,13 +62,12 @@ Status ZAV_SetWPAReAuthInterval(int index, unsigned interval) {
     log_set(__func__, index, interval);
     if (find_listed_bss(__func__, rekey_interval.bad_index, index, &bss) != success)
         return failure;
-    const char *ifname = bss.ifname.data();
-    if (read_numbers(ifname, rekey_interval.key.text, list) != success)
+    if (read_numbers(bss, rekey_interval.key.text, list) != success)
         return failure;
     const Status method =
-        write_list_text(__func__, ifname, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
+        write_list_text(__func__, bss, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
     if (method == failure)
         return failure;
     list.at(bss.number - 1) = static_cast<int>(interval);
-    return both(method, write_numbers(ifname, rekey_interval.key.text, list));
+    return code_of_two(method, write_numbers(bss, rekey_interval.key.text, list));
 }

@@ -12,7 +12,7 @@ constexpr int access_classes = 4;
 using ClassNumbers = std::array<int, access_classes>;
 
 Status read_stored(const char *who, const Bss &bss, const Key &key, std::string *ret_text) {
-    if (nvram_get_whole(bss.ifname.data(), key.text, ret_text) != success)
+    if (nvram_get_whole(bss, key.text, ret_text) != success)
         return failure;
     log_debug("[ZAV-API] %s (%s).\n", who, ret_text->c_str());
     return success;
@@ -36,22 +36,22 @@ bool is_in_range(const char *who, const BssList &setting, unsigned value) {
     return false;
 }
 
-int field_of(Holds holds, unsigned value) {
-    switch (holds) {
-    case Holds::flag:
+int field_of(FieldKind kind, unsigned value) {
+    switch (kind) {
+    case FieldKind::flag:
         return value != 0 ? 1 : 0;
-    case Holds::inverted_flag:
+    case FieldKind::inverted_flag:
         return value != 0 ? 0 : 1;
-    case Holds::number:
+    case FieldKind::number:
         break;
     }
     return static_cast<int>(value);
 }
 
-Status value_of(Holds holds, int field, unsigned *ret_value) {
-    if (holds == Holds::flag && field != 0 && field != 1)
+Status value_of(FieldKind kind, int field, unsigned *ret_value) {
+    if (kind == FieldKind::flag && field != 0 && field != 1)
         return failure;
-    *ret_value = holds == Holds::inverted_flag ? (field == 0 ? 1 : 0) : static_cast<unsigned>(field);
+    *ret_value = kind == FieldKind::inverted_flag ? (field == 0 ? 1 : 0) : static_cast<unsigned>(field);
     return success;
 }
 
@@ -77,7 +77,7 @@ Status find_reported_bss(const char *who, Reported bad_index, int index, Bss *re
         return failure;
     if (bad_index == Reported::by_the_operation)
         return find_bss(who, index, ret_bss);
-    return GET_IFNAME_FROM_INDEX(&ret_bss->ifname, index, &ret_bss->number);
+    return find_bss(index, ret_bss);
 }
 
 Status find_listed_bss(const char *who, Reported bad_index, int index, Bss *ret_bss) {
@@ -109,7 +109,7 @@ Status write_setting(const char *who, const RadioNumber &setting, int index, uns
     log_set(who, index, value);
     if (find_reported_bss(who, setting.bad_index, index, &bss) != success)
         return failure;
-    return nvram_set_int(bss.ifname.data(), setting.key.text, static_cast<int>(value));
+    return nvram_set_int(bss, setting.key.text, static_cast<int>(value));
 }
 
 Status read_setting(const char *who, const RadioText &setting, int index, std::span<char> ret_text) {
@@ -125,7 +125,7 @@ Status write_setting(const char *who, const RadioText &setting, int index, const
     log_debug("[ZAV-API] %s entry (%d,%s).\n", who, index, text);
     if (find_reported_bss(who, Reported::by_nobody, index, &bss) != success)
         return failure;
-    return nvram_set_str(bss.ifname.data(), setting.key.text, text);
+    return nvram_set_str(bss, setting.key.text, text);
 }
 
 Status read_setting(const char *who, const RadioFlag &setting, int index, unsigned *ret_value) {
@@ -142,7 +142,7 @@ Status write_setting(const char *who, const RadioFlag &setting, int index, unsig
     log_set(who, index, value);
     if (find_reported_bss(who, setting.bad_index, index, &bss) != success)
         return failure;
-    return nvram_set_str(bss.ifname.data(), setting.key.text, value != 0 ? setting.on : setting.off);
+    return nvram_set_str(bss, setting.key.text, value != 0 ? setting.on : setting.off);
 }
 
 Status write_setting(const char *who, const FlagPair &setting, int index, unsigned value) {
@@ -152,10 +152,10 @@ Status write_setting(const char *who, const FlagPair &setting, int index, unsign
         find_reported_bss(who, Reported::by_nobody, index, &bss) != success)
         return failure;
     const auto &[first, second] = setting.choices.at(value);
-    const Status stored = nvram_set_str(bss.ifname.data(), setting.first.text, first);
+    const Status stored = nvram_set_str(bss, setting.first.text, first);
     if (stored == failure)
         return failure;
-    return both(stored, nvram_set_str(bss.ifname.data(), setting.second.text, second));
+    return code_of_two(stored, nvram_set_str(bss, setting.second.text, second));
 }
 
 Status read_setting(const char *who, const BssList &setting, int index, unsigned *ret_value) {
@@ -168,7 +168,7 @@ Status read_setting(const char *who, const BssList &setting, int index, unsigned
         return failure;
     NumberList list;
     parse_numbers(stored.c_str(), list);
-    return value_of(setting.holds, list.at(bss.number - 1), ret_value);
+    return value_of(setting.kind, list.at(bss.number - 1), ret_value);
 }
 
 Status write_setting(const char *who, const BssList &setting, int index, unsigned value) {
@@ -177,14 +177,14 @@ Status write_setting(const char *who, const BssList &setting, int index, unsigne
     if (find_listed_bss(who, setting.bad_index, index, &bss) != success || !is_in_range(who, setting, value))
         return failure;
     NumberList list{};
-    if (read_numbers(bss.ifname.data(), setting.key.text, list) != success && !setting.absent_is_zeros)
+    if (read_numbers(bss, setting.key.text, list) != success && !setting.absent_is_zeros)
         return failure;
     int &field = list.at(bss.number - 1);
-    const int wanted = field_of(setting.holds, value);
+    const int wanted = field_of(setting.kind, value);
     if (setting.keeps_equal && field == wanted)
         return unchanged;
     field = wanted;
-    return write_numbers(bss.ifname.data(), setting.key.text, list);
+    return write_numbers(bss, setting.key.text, list);
 }
 
 Status read_setting(const char *who, const ClassList &setting, int index, int ac, unsigned *ret_value) {
@@ -207,8 +207,8 @@ Status write_setting(const char *who, const ClassList &setting, int index, int a
     if (!is_class(who, ac) || find_reported_bss(who, Reported::by_the_operation, index, &bss) != success)
         return failure;
     ClassNumbers numbers;
-    if (read_numbers(bss.ifname.data(), setting.key.text, numbers) != success)
+    if (read_numbers(bss, setting.key.text, numbers) != success)
         return failure;
     class_field(numbers, ac) = static_cast<int>(value);
-    return write_numbers(bss.ifname.data(), setting.key.text, numbers);
+    return write_numbers(bss, setting.key.text, numbers);
 }

@@ -7,6 +7,7 @@
 #include <array>
 #include <limits>
 #include <span>
+#include <string_view>
 
 // The kinds of settings. A setting is a row of its kind and two functions of one line, which hand themselves
 // to the kind's reader and writer: these write the debug lines, find the BSS and its file, and turn the value
@@ -66,14 +67,14 @@ struct FlagPair {
 Status write_setting(const char *who, const FlagPair &setting, int index, unsigned value);
 
 // A field for each BSS.
-enum class Holds : unsigned char {
+enum class FieldKind : unsigned char {
     number,
     flag,          // any value but 0 stores 1; a field that is neither fails the reader
     inverted_flag, // any value but 0 stores 0, and 0 reads as 1
 };
 struct BssList {
     Key key;
-    Holds holds = Holds::number;
+    FieldKind kind = FieldKind::number;
     unsigned most = std::numeric_limits<unsigned>::max();
     const char *range = nullptr; // what to say about a value above `most`; by default that it is illegal
     bool absent_is_zeros = false;

@@ -122,5 +122,5 @@ Status ZAV_SetIGMPSnooping(int index, unsigned enable) {
 }
 
 Status ZAV_SetFCC_14_30_Enable(unsigned enable) {
-    return nvram_set_str("zv00", "FCC_14_30", enable != 0 ? "1" : "0");
+    return nvram_set_str(settings_5g, "FCC_14_30", enable != 0 ? "1" : "0");
 }

@@ -17,10 +17,10 @@ Status ZAV_setWmmUaspdEnable(int index, unsigned enable) {
     NumberList list;
     log_set(__func__, index, enable);
     if (find_listed_bss(__func__, Reported::by_the_operation, index, &bss) != success ||
-        read_numbers(bss.ifname.data(), "NoForwarding", list) != success)
+        read_numbers(bss, "NoForwarding", list) != success)
         return failure;
     list.at(bss.number - 1) = enable != 0 ? 1 : 0;
-    return write_numbers(bss.ifname.data(), "APSDCapable", list);
+    return write_numbers(bss, "APSDCapable", list);
 }
 
 constexpr ClassList og_aifsn{"BSSAifsn"};

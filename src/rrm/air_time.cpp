@@ -7,22 +7,39 @@
 #include "backend/value_lists.h"
 #include "rrm/driver_data.h"
 
+#include <algorithm>
 #include <cstdio>
-#include <functional>
+#include <iterator>
 #include <memory>
-#include <numeric>
-#include <string>
 #include <strings.h>
+#include <vector>
 
 namespace {
 
-constexpr int highest_weight = 100;
-constexpr int remove_weight = -1;
 constexpr char bss_weights_key[] = "BssWeights";
-constexpr char station_weights_key[] = "StaWeights";
-constexpr std::size_t most_station_weights = 32;
-constexpr std::size_t longest_station_weights = 2000;
 constexpr int highest_rated_station = 15;
+
+// The stations of the BSS, in the order in which clients count them.
+Status read_stations(int index, std::vector<StationRecord> *ret_stations) {
+    const auto table = std::make_unique<StationTable>();
+    Bss bss;
+    if (ZAV_GetAssocDevicesTable(index, table.get()) != success || find_bss(index, &bss) != success)
+        return failure;
+    std::copy_if(table->stations.begin(), table->stations.begin() + table->count,
+                 std::back_inserter(*ret_stations),
+                 [&](const StationRecord &station) { return station.bss + 1U == bss.number; });
+    return success;
+}
+
+// The driver's number of a station, which counts as missing when the driver gave it one that cannot be.
+Status number_of(const StationRecord &station, unsigned *ret_number) {
+    if (station.driver_number > highest_driver_number)
+        return failure;
+    *ret_number = station.driver_number;
+    return success;
+}
+
+} // namespace
 
 Status refuse_weight(const char *who) {
     log_debug("[ZAV-API] %s invalid weight. weight should be in Range of 0-100\n", who);
@@ -37,82 +54,10 @@ void send_weight(const char *who, char level, unsigned number, int weight, const
     (void)SetDriverDataOnTheFly(command.data(), ifname, 1); // the settings are what counts
 }
 
-// The driver's number of the first station of the BSS that is the wanted one.
-Status find_driver_number(int index, const std::function<bool(const StationRecord &)> &is_wanted,
-                          unsigned *ret_number) {
-    const auto table = std::make_unique<StationTable>();
-    InterfaceName ifname;
-    unsigned bss = 0;
-    if (ZAV_GetAssocDevicesTable(index, table.get()) != success ||
-        GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
-        return failure;
-    for (const StationRecord &station : std::span(table->stations).first(table->count)) {
-        if (station.bss + 1U != bss || !is_wanted(station))
-            continue;
-        if (station.driver_number > highest_driver_number)
-            break;
-        *ret_number = station.driver_number;
-        return success;
-    }
-    return failure;
-}
-
-// The stored list without the entry of one address.
-struct KeptWeights {
-    std::string list;
-    std::size_t count = 0;
-};
-
-void append_weight(const MacBytes &mac, unsigned weight, std::string *list) {
-    list->append(text_of(mac).data()).append(",").append(std::to_string(weight)).append(";");
-}
-
-Status keep_weights(const char *who, const char *stored, const MacBytes &without, KeptWeights *ret_kept) {
-    const char *next = stored;
-    for (int entry = 0;; ++entry) {
-        MacBytes mac{};
-        unsigned weight = 0;
-        int length = 0;
-        const int fields = std::sscanf(next, "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx,%u;%n", &mac[0], &mac[1],
-                                       &mac[2], &mac[3], &mac[4], &mac[5], &weight, &length);
-        if (fields < 1 || (fields == 7 && length == 0))
-            return success;
-        if (fields != 7) {
-            log_debug("[ZAV-API] %s Wrong format, can't parse [%d]: %.24s...\n", who, entry, next);
-            return failure;
-        }
-        next += length;
-        if (mac == without)
-            continue;
-        append_weight(mac, weight, &ret_kept->list);
-        if (++ret_kept->count == most_station_weights) {
-            log_debug("[ZAV-API] %s Buffer overflow, while reading from the parameter\n", who);
-            return failure;
-        }
-    }
-}
-
-Status store_station_weight(const char *who, const InterfaceName &ifname, const MacBytes &mac, int weight) {
-    std::string stored(longest_station_weights + 1, '\0');
-    if (nvram_get_str(ifname.data(), station_weights_key, stored) != success) {
-        log_debug("[ZAV-API] %s Can't get %s parameter from NVRAM\n", who, station_weights_key);
-        return failure;
-    }
-    log_debug("[ZAV-API] %s Received data: %.16s...\n", who, stored.c_str());
-    KeptWeights kept;
-    if (keep_weights(who, stored.c_str(), mac, &kept) != success)
-        return failure;
-    if (weight != remove_weight)
-        append_weight(mac, static_cast<unsigned>(weight), &kept.list);
-    return nvram_set_str(ifname.data(), station_weights_key, kept.list.c_str());
-}
-
-} // namespace
-
 Status ZAV_SetBssWeight(int index, int weight) {
     if (weight < 0 || weight > highest_weight)
         return refuse_weight(__func__);
-    InterfaceName air_time{};
+    InterfaceName air_time;
     unsigned bss = 0;
     if (GET_ATM_IFNAME_FROM_INDEX(&air_time, index, &bss) == success)
         send_weight(__func__, 'b', bss - 1, weight, air_time);
@@ -125,27 +70,25 @@ Status ZAV_SetBssWeight(int index, int weight) {
 
 Status ZAV_SetBssWeightsToNvram(int index, int weight) {
     log_debug("[ZAV-API] %s entry (index=%d, weight=%d).\n", __func__, index, weight);
-    InterfaceName ifname;
-    unsigned bss = 0;
-    if (check_index(__func__, index) != success || GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
+    Bss bss;
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
     if (weight < 0 || weight > highest_weight)
         return refuse_weight(__func__);
-    return write_list_number(ifname.data(), bss_weights_key, bss, weight);
+    return write_list_number(bss, bss_weights_key, bss.number, weight);
 }
 
 Status ZAV_GetBssWeight(int index, unsigned *ret_weight) {
-    InterfaceName ifname;
-    unsigned bss = 0;
+    Bss bss;
     int weight = 0;
-    if (find_name_of(__func__, GET_IFNAME_FROM_INDEX, index, &ifname, &bss) != success)
+    if (find_bss_or_say(__func__, index, &bss) != success)
         return failure;
-    if (read_list_number(ifname.data(), bss_weights_key, bss, &weight) != success) {
+    if (read_list_number(bss, bss_weights_key, bss.number, &weight) != success) {
         log_debug("[ZAV-API] %s Can't get %s parameter from NVRAM\n", __func__, bss_weights_key);
         return failure;
     }
     *ret_weight = static_cast<unsigned>(weight);
-    log_debug("[ZAV-API] %s outputIndex = %u\n", __func__, bss);
+    log_debug("[ZAV-API] %s outputIndex = %u\n", __func__, bss.number);
     return success;
 }
 
@@ -179,50 +122,27 @@ Status ZAV_DelAirTimeStaByMac(int, const char *) {
     return failure;
 }
 
-Status zavChangeOrRemoveStaWeight(int index, const char *mac, int weight) {
-    InterfaceName ifname, air_time;
-    if (find_name_of(__func__, GET_IFNAME_FROM_INDEX, index, &ifname) != success ||
-        find_name_of(__func__, GET_ATM_IFNAME_FROM_INDEX, index, &air_time) != success)
-        return failure;
-    MacBytes bytes{};
-    if (std::sscanf(mac, "%2hhx:%2hhx:%2hhx:%2hhx:%2hhx:%2hhx", &bytes[0], &bytes[1], &bytes[2], &bytes[3],
-                    &bytes[4], &bytes[5]) != 6) {
-        log_debug("[ZAV-API] %s wrong mac address or mac address format: %s\n", __func__, mac);
-        return failure;
-    }
-    if (weight < remove_weight || weight > highest_weight)
-        return refuse_weight(__func__);
-    unsigned number = 0;
-    if (ZAV_GetZavinoStaIndexByMac(index, mac, &number) == success) {
-        log_debug("[ZAV-API] %s entry (index=%d, ZvStaIdx=%d, weight=%d).\n", __func__, index,
-                  static_cast<int>(number), weight);
-        send_weight(__func__, 'c', number, weight, air_time);
-    } else {
-        log_debug("[ZAV-API] %s station with this mac address is not associated\n", __func__);
-        log_debug("[ZAV-API] %s update NVRAM only\n", __func__);
-    }
-    return store_station_weight(__func__, ifname, bytes, weight);
-}
-
 Status ZAV_GetZavinoStaIndexByStaIndex(int index, int station, unsigned *ret_number) {
-    long long passed = -1;
-    if (find_driver_number(
-            index, [&](const StationRecord &) { return ++passed == station; }, ret_number) != success)
+    std::vector<StationRecord> stations;
+    const auto place = static_cast<std::size_t>(static_cast<unsigned>(station)); // none has a negative one
+    if (read_stations(index, &stations) != success || place >= stations.size() ||
+        number_of(stations[place], ret_number) != success)
         return failure;
     log_debug("[ZAV-API] %s staidx=%d zvidx=%d\n", __func__, station, static_cast<int>(*ret_number));
     return success;
 }
 
 Status ZAV_GetZavinoStaIndexByMac(int index, const char *mac, unsigned *ret_number) {
-    int passed = -1;
-    const auto is_wanted = [&](const StationRecord &record) {
-        ++passed;
-        return strcasecmp(text_of(record.mac).data(), mac) == 0;
-    };
-    if (find_driver_number(index, is_wanted, ret_number) != success)
+    std::vector<StationRecord> stations;
+    if (read_stations(index, &stations) != success)
         return failure;
-    log_debug("[ZAV-API] %s sta_mac=%s staidx=%d zvidx=%d\n", __func__, mac, passed,
-              static_cast<int>(*ret_number));
+    const auto found = std::find_if(stations.begin(), stations.end(), [mac](const StationRecord &station) {
+        return strcasecmp(text_of(station.mac).data(), mac) == 0;
+    });
+    if (found == stations.end() || number_of(*found, ret_number) != success)
+        return failure;
+    log_debug("[ZAV-API] %s sta_mac=%s staidx=%d zvidx=%d\n", __func__, mac,
+              static_cast<int>(found - stations.begin()), static_cast<int>(*ret_number));
     return success;
 }
 
@@ -256,9 +176,4 @@ Status ZAV_GetRateData(int index, int station, std::span<std::byte, rate_block_s
     std::snprintf(command.data(), command.size(), "ratestd.-D.%u", number);
     return ask_block(__func__, GET_IFNAME_FROM_INDEX, index, {PrivateRequest::statistics, command.data()},
                      ret_block);
-}
-
-void print_access_categories(const char *title, const std::array<unsigned long, 5> &counters) {
-    log_debug("%s BE=%lu, BK=%lu, VI=%lu, VO=%lu, MGMT=%lu, TOTAL=%lu\n", title, counters[0], counters[1],
-              counters[2], counters[3], counters[4], std::accumulate(counters.begin(), counters.end(), 0UL));
 }

@@ -35,14 +35,16 @@ Status ZAV_SetBssWeight(int index, int weight);
 Status ZAV_SetBssWeightsToNvram(int index, int weight); // the second half, 2 when it was stored already
 Status ZAV_GetBssWeight(int index, unsigned *ret_weight);
 
+// What weights of BSSes and of stations have in common.
+constexpr int highest_weight = 100;
+Status refuse_weight(const char *who);
+void send_weight(const char *who, char level, unsigned number, int weight, const InterfaceName &air_time);
+
 // All stations of a BSS share equally, whichever is named. -1 and a weight of 0 without stations.
 Status ZAV_GetStaWeight(int index, const char *mac, unsigned *ret_weight);
 // Not on this platform: always -1.
 Status ZAV_SetAirTimeStaWeight(int index, const char *mac, int weight);
 Status ZAV_DelAirTimeStaByMac(int index, const char *mac);
-// For platforms with weights of stations: tells the driver, if the station is there, and stores the weight (0
-// to 100) or removes it (-1).
-Status zavChangeOrRemoveStaWeight(int index, const char *mac, int weight);
 
 // The driver's number, 0 to 31, of a station by its place among those of the BSS, from 0, or by its address.
 // -1 when it is not there or the driver gave it another number.
@@ -55,6 +57,3 @@ Status ZAV_GetAirTimeStats(int index, AirTimeBlock *ret_block);
 Status ZAV_GetFramesInQueueData(int index, QueueBlock *ret_block);
 // Of a station from 0 to 15.
 Status ZAV_GetRateData(int index, int station, std::span<std::byte, rate_block_size> ret_block);
-
-// A debug line with a counter for each of the access categories and management, and their sum.
-void print_access_categories(const char *title, const std::array<unsigned long, 5> &counters);

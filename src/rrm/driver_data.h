@@ -10,11 +10,10 @@
 // What air time and radio statistics ask of the driver. Each says in a debug line, which names `who`, why it
 // did not come to that.
 
+Status find_bss_or_say(const char *who, int index, Bss *ret_bss);
+
 // Where a BSS is spoken to: at its own interface or at that of its radio's air time.
 using FindName = Status (*)(InterfaceName *ret_name, int index, unsigned *ret_bss);
-
-Status find_name_of(const char *who, FindName find, int index, InterfaceName *ret_name,
-                    unsigned *ret_bss = nullptr);
 
 // The driver's answer as ask_private has it; -1 also before the driver is initialised and for an index
 // without a BSS.

@@ -56,33 +56,34 @@ Status read_one(const char *who, int index, Field RadioStatistics::*field, Value
 }
 
 void send(int index, const char *command) {
-    InterfaceName ifname{};
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, nullptr) == success)
-        (void)SetDriverDataOnTheFly(command, ifname, 0); // these settings never fail
+    Bss bss;
+    if (find_bss(index, &bss) == success)
+        (void)SetDriverDataOnTheFly(command, bss.name, 0); // these settings never fail
 }
 
 } // namespace
 
-Status ZAV_GetChannelStatistics(int index, unsigned *ret_1, unsigned *ret_2, unsigned *ret_3) {
+Status ZAV_GetChannelStatistics(int index, unsigned *ret_cst, unsigned *ret_activity, unsigned *ret_busy) {
     RadioStatistics statistics;
-    const bool has_room = ret_1 != nullptr && ret_2 != nullptr && ret_3 != nullptr;
+    const bool has_room = ret_cst != nullptr && ret_activity != nullptr && ret_busy != nullptr;
     if (read_statistics(__func__, index, has_room, statistics_name, &statistics) != success)
         return failure;
-    *ret_1 = statistics.channel[0];
-    *ret_2 = statistics.channel[1];
-    *ret_3 = statistics.channel[2];
+    *ret_cst = statistics.channel[0];
+    *ret_activity = statistics.channel[1];
+    *ret_busy = statistics.channel[2];
     return success;
 }
 
-Status ZAV_GetChannelNoiseFloor(int index, int *ret_1, int *ret_2, int *ret_3, int *ret_4) {
+Status ZAV_GetChannelNoiseFloor(int index, int *ret_least, int *ret_most, int *ret_median, int *ret_average) {
     RadioStatistics statistics;
-    const bool has_room = ret_1 != nullptr && ret_2 != nullptr && ret_3 != nullptr && ret_4 != nullptr;
+    const bool has_room =
+        ret_least != nullptr && ret_most != nullptr && ret_median != nullptr && ret_average != nullptr;
     if (read_statistics(__func__, index, has_room, statistics_name, &statistics) != success)
         return failure;
-    *ret_1 = statistics.noise[0];
-    *ret_2 = statistics.noise[1];
-    *ret_3 = statistics.noise[2];
-    *ret_4 = statistics.noise4;
+    *ret_least = statistics.noise[0];
+    *ret_most = statistics.noise[1];
+    *ret_median = statistics.noise[2];
+    *ret_average = statistics.noise4;
     return success;
 }
 

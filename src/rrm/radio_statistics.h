@@ -10,8 +10,8 @@
 
 using RssiTable = std::array<std::int64_t, 37>;
 
-Status ZAV_GetChannelStatistics(int index, unsigned *ret_1, unsigned *ret_2, unsigned *ret_3);
-Status ZAV_GetChannelNoiseFloor(int index, int *ret_1, int *ret_2, int *ret_3, int *ret_4);
+Status ZAV_GetChannelStatistics(int index, unsigned *ret_cst, unsigned *ret_activity, unsigned *ret_busy);
+Status ZAV_GetChannelNoiseFloor(int index, int *ret_least, int *ret_most, int *ret_median, int *ret_average);
 Status ZAV_GetRadioTxPackets(int index, std::uint64_t *ret_count);
 Status ZAV_GetRadioRxPackets(int index, std::uint64_t *ret_count);
 Status ZAV_GetRetransmissionMetric(int index, unsigned *ret_metric);

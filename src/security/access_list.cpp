@@ -21,16 +21,18 @@ constexpr std::size_t mac_length = 17;
 constexpr std::size_t longest_name = 30;
 constexpr std::size_t longest_listing = 3199;
 
-using Key = std::array<char, 32>;
+constexpr char policy_key[] = "AccessPolicy", macs_key[] = "AccessControlList",
+               names_key[] = "NameListPerMAC";
 
-// The keys of a BSS.
-struct Place {
-    InterfaceName ifname;
-    Key policy, macs, names;
-};
+// The keys count the BSSes from 0.
+std::string key_of(const char *key, const Bss &bss) { return key + std::to_string(bss.number - 1); }
 
 // One of the two lists; the tokens point into its text. The count is -1 for more than 64 tokens.
 struct StoredList {
+    StoredList() = default;
+    StoredList(const StoredList &) = delete;
+    StoredList &operator=(const StoredList &) = delete;
+
     std::string text;
     std::array<std::string_view, most_entries> table;
     int count = 0;
@@ -41,22 +43,9 @@ struct StoredList {
     }
 };
 
-Status find_place(int index, Place *ret_place) {
-    unsigned bss = 0;
-    if (GET_IFNAME_FROM_INDEX(&ret_place->ifname, index, &bss) != success)
-        return failure;
-    const unsigned position = bss - 1; // these keys count from 0
-    std::snprintf(ret_place->policy.data(), ret_place->policy.size(), "AccessPolicy%u", position);
-    std::snprintf(ret_place->macs.data(), ret_place->macs.size(), "AccessControlList%u", position);
-    std::snprintf(ret_place->names.data(), ret_place->names.size(), "NameListPerMAC%u", position);
-    return success;
-}
-
-void split(StoredList *list) { list->count = ParseStringForTok(list->text, list->table, ';'); }
-
-void read_list(const Place &place, const Key &key, StoredList *ret_list) {
-    ret_list->is_missing = nvram_get_whole(place.ifname.data(), key.data(), &ret_list->text) != success;
-    split(ret_list);
+void read_list(const Bss &bss, const char *key, StoredList *ret_list) {
+    ret_list->is_missing = nvram_get_whole(bss, key_of(key, bss), &ret_list->text) != success;
+    ret_list->count = ParseStringForTok(ret_list->text, ret_list->table, ';');
 }
 
 void report_missing(const char *who, const StoredList &list, const char *what) {
@@ -64,14 +53,14 @@ void report_missing(const char *who, const StoredList &list, const char *what) {
         log_error("[ZAV-API] Error %s ERROR: Error at getting the %s List\n", who, what);
 }
 
-void read_macs(const char *who, const Place &place, StoredList *ret_macs) {
-    read_list(place, place.macs, ret_macs);
+void read_macs(const char *who, const Bss &bss, StoredList *ret_macs) {
+    read_list(bss, macs_key, ret_macs);
     report_missing(who, *ret_macs, "macs");
 }
 
 // As they are compared and rewritten: in upper case.
-void read_upper_macs(const char *who, const Place &place, StoredList *ret_macs) {
-    read_macs(who, place, ret_macs);
+void read_upper_macs(const char *who, const Bss &bss, StoredList *ret_macs) {
+    read_macs(who, bss, ret_macs);
     STR_TO_UPPERCASE(ret_macs->text);
 }
 
@@ -127,11 +116,11 @@ std::string with_entry(const StoredList &list, std::string_view item) {
 }
 
 // An add that the file or the listing cannot take must not leave an address without its name.
-Status check_room(const char *who, const Place &place, const StoredList &macs, const std::string &new_macs,
+Status check_room(const char *who, const Bss &bss, const StoredList &macs, const std::string &new_macs,
                   const StoredList &names, const std::string &new_names) {
-    const Setting both_lists[] = {{place.macs.data(), new_macs}, {place.names.data(), new_names}};
+    const KeyValue both_lists[] = {{key_of(macs_key, bss), new_macs}, {key_of(names_key, bss), new_names}};
     const bool is_listed = names.count == macs.count; // else the names will not be written
-    if (!nvram_can_take(who, place.ifname.data(), std::span(both_lists).first(is_listed ? 2 : 1)))
+    if (!nvram_can_take(who, bss, std::span(both_lists).first(is_listed ? 2 : 1)))
         return failure;
     // A listing ends each address with "=" and each name with ";".
     if (is_listed && new_macs.size() + 1 + new_names.size() + 1 > longest_listing) {
@@ -141,15 +130,15 @@ Status check_room(const char *who, const Place &place, const StoredList &macs, c
     return success;
 }
 
-Status store_list(const Place &place, const Key &key, const std::string &list) {
-    return nvram_set_str(place.ifname.data(), key.data(), list.c_str()) == failure ? failure : success;
+Status store_list(const Bss &bss, const char *key, const std::string &list) {
+    return nvram_set_str(bss, key_of(key, bss), list.c_str()) == failure ? failure : success;
 }
 
-Status store_without(const Place &place, const Key &key, const StoredList &list, std::size_t position) {
+Status store_without(const Bss &bss, const char *key, const StoredList &list, std::size_t position) {
     std::string changed;
     if (BuildAccessListString(list.tokens(), &changed, AccessListMode::remove, "", position) != success)
         return failure;
-    return store_list(place, key, changed);
+    return store_list(bss, key, changed);
 }
 
 void tell_driver(int index, const char *command, const char *value) {
@@ -162,10 +151,9 @@ void tell_driver(int index, const char *command, const char *value) {
 
 Status ZAV_GetMacAddressControlEnabled(int index, unsigned *ret_policy) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    Place place;
+    Bss bss;
     std::array<char, 64> stored;
-    if (find_place(index, &place) != success ||
-        nvram_get_str(place.ifname.data(), place.policy.data(), stored) != success)
+    if (find_bss(index, &bss) != success || nvram_get_str(bss, key_of(policy_key, bss), stored) != success)
         return failure;
     log_debug("[ZAV-API] %s (%s).\n", __func__, stored.data());
     if (stored[0] < '0' || stored[0] > '2')
@@ -176,34 +164,34 @@ Status ZAV_GetMacAddressControlEnabled(int index, unsigned *ret_policy) {
 
 Status ZAV_SetMacAddressControlEnabled(int index, unsigned policy) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    Place place;
-    if (policy > 2 || find_place(index, &place) != success)
+    Bss bss;
+    if (policy > 2 || find_bss(index, &bss) != success)
         return failure;
     const auto digit = std::to_string(policy);
-    const Status result = nvram_set_str(place.ifname.data(), place.policy.data(), digit.c_str());
+    const Status result = nvram_set_str(bss, key_of(policy_key, bss), digit.c_str());
     tell_driver(index, "AccessPolicy", digit.c_str());
     return result;
 }
 
 Status ZAV_SetMacAddressControlClear(int index) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
-    Place place;
-    if (find_place(index, &place) != success || store_list(place, place.macs, "") != success ||
-        store_list(place, place.names, "") != success)
+    Bss bss;
+    if (find_bss(index, &bss) != success || store_list(bss, macs_key, "") != success ||
+        store_list(bss, names_key, "") != success)
         return failure;
     tell_driver(index, "ACLClearAll", "1");
     return success;
 }
 
 Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name, std::span<char> ret_stored) {
-    Place place;
+    Bss bss;
     MacText upper;
-    if (check_index(__func__, index) != success || find_place(index, &place) != success ||
-        take_mac(__func__, mac, upper) != success || check_name(__func__, name) != success)
+    if (find_bss(__func__, index, &bss) != success || take_mac(__func__, mac, upper) != success ||
+        check_name(__func__, name) != success)
         return failure;
     copy_text(ret_stored, upper.data());
     StoredList macs, names;
-    read_upper_macs(__func__, place, &macs);
+    read_upper_macs(__func__, bss, &macs);
     if (macs.text.find(upper.data()) != macs.text.npos)
         return unchanged;
     if (check_limit(__func__, too_long_to_change, macs) != success)
@@ -212,25 +200,27 @@ Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name,
         log_error("[ZAV-API] Error %s ERROR: access list is full, cannot add more MACs.\n", __func__);
         return failure;
     }
-    read_list(place, place.names, &names);
+    read_list(bss, names_key, &names);
     const std::string new_macs = with_entry(macs, upper.data()), new_names = with_entry(names, name);
-    if (check_room(__func__, place, macs, new_macs, names, new_names) != success ||
-        store_list(place, place.macs, new_macs) != success || check_names(__func__, macs, names) != success ||
-        store_list(place, place.names, new_names) != success)
+    if (check_room(__func__, bss, macs, new_macs, names, new_names) != success ||
+        store_list(bss, macs_key, new_macs) != success)
+        return failure;
+    if (check_names(__func__, macs, names) != success)
+        return failure; // the address stays stored: another program's lists are not for this one to mend
+    if (store_list(bss, names_key, new_names) != success)
         return failure;
     tell_driver(index, "ACLAddEntry", upper.data());
     return success;
 }
 
 Status ZAV_SetMacAddressControlDelete(int index, const char *mac, std::span<char> ret_stored) {
-    Place place;
+    Bss bss;
     MacText upper;
-    if (check_index(__func__, index) != success || find_place(index, &place) != success ||
-        take_mac(__func__, mac, upper) != success)
+    if (find_bss(__func__, index, &bss) != success || take_mac(__func__, mac, upper) != success)
         return failure;
     copy_text(ret_stored, upper.data());
     StoredList macs, names;
-    read_upper_macs(__func__, place, &macs);
+    read_upper_macs(__func__, bss, &macs);
     if (macs.text.find(upper.data()) == macs.text.npos)
         return unchanged;
     if (check_limit(__func__, too_long_to_change, macs) != success)
@@ -240,22 +230,22 @@ Status ZAV_SetMacAddressControlDelete(int index, const char *mac, std::span<char
     if (entry == tokens.end())
         return unchanged;
     const auto position = static_cast<std::size_t>(entry - tokens.begin());
-    if (store_without(place, place.macs, macs, position) != success)
+    if (store_without(bss, macs_key, macs, position) != success)
         return failure;
-    read_list(place, place.names, &names);
+    read_list(bss, names_key, &names);
     if (check_names(__func__, macs, names) != success ||
-        store_without(place, place.names, names, position) != success)
+        store_without(bss, names_key, names, position) != success)
         return failure;
     tell_driver(index, "ACLDelEntry", upper.data());
     return success;
 }
 
 Status ZAV_GetMacAddressControlList(int index, std::span<char> ret_list) {
-    Place place;
+    Bss bss;
     StoredList macs, names;
-    if (find_place(index, &place) != success)
+    if (find_bss(index, &bss) != success)
         return failure;
-    read_macs(__func__, place, &macs);
+    read_macs(__func__, bss, &macs);
     if (check_limit(__func__, too_long_to_read, macs) != success)
         return failure;
     for (const std::string_view mac : macs.tokens())
@@ -264,7 +254,7 @@ Status ZAV_GetMacAddressControlList(int index, std::span<char> ret_list) {
                       std::string(mac).c_str());
             return failure;
         }
-    read_list(place, place.names, &names);
+    read_list(bss, names_key, &names);
     if (check_names(__func__, macs, names) != success)
         return failure;
     std::string listing;
@@ -280,11 +270,11 @@ Status ZAV_GetMacAddressControlList(int index, std::span<char> ret_list) {
 }
 
 Status ZAV_GetMacAddressControlCount(int index, unsigned *ret_count) {
-    Place place;
+    Bss bss;
     StoredList macs;
-    if (find_place(index, &place) != success)
+    if (find_bss(index, &bss) != success)
         return failure;
-    read_macs(__func__, place, &macs);
+    read_macs(__func__, bss, &macs);
     if (check_limit(__func__, too_long_to_read, macs) != success)
         return failure;
     *ret_count = static_cast<unsigned>(macs.count);

@@ -7,9 +7,8 @@
 #include "backend/value_lists.h"
 #include "security/name_table.h"
 
-#include <array>
-#include <cstdio>
 #include <cstring>
+#include <string>
 
 namespace {
 
@@ -18,30 +17,18 @@ constexpr int wpa_key = 1; // there is only one
 
 constexpr Named<int> wep_levels[] = {{0, "40-bit"}, {1, "104-bit"}};
 
-// A key of the settings file that names a WEP key, and perhaps a BSS.
-using SettingKey = std::array<char, 40>;
-
-SettingKey wep_setting(const Line<int> &form, int key_index) {
-    SettingKey key;
-    std::snprintf(key.data(), key.size(), form.text, key_index);
-    return key;
+// The keys of the settings file are named after the WEP key, and perhaps the BSS.
+std::string wep_setting(int key_index, const char *what) {
+    return "Key" + std::to_string(key_index).append(what);
 }
-
-SettingKey wep_key_setting(int key_index, unsigned bss) {
-    SettingKey key;
-    std::snprintf(key.data(), key.size(), "Key%iStr%u", key_index, bss);
-    return key;
+std::string wep_key_setting(int key_index, const Bss &bss) {
+    return wep_setting(key_index, "Str") + std::to_string(bss.number);
 }
-
-SettingKey wpa_key_setting(unsigned bss) {
-    SettingKey key;
-    std::snprintf(key.data(), key.size(), "WPAPSK%u", bss);
-    return key;
-}
+std::string wpa_key_setting(const Bss &bss) { return "WPAPSK" + std::to_string(bss.number); }
 
 // The WEP key that is used; 0 stands for the first.
 Status read_default_key(const Bss &bss, int *ret_key_index) {
-    if (read_list_number(bss.ifname.data(), "DefaultKeyID", bss.number, ret_key_index) != success)
+    if (read_list_number(bss, "DefaultKeyID", bss.number, ret_key_index) != success)
         return failure;
     if (*ret_key_index == 0)
         *ret_key_index = first_wep_key;
@@ -71,15 +58,12 @@ bool fits_level(int level, std::size_t length) {
 }
 
 Status read_wpa_key(const char *who, int index, int key_index, std::span<char> ret_key) {
-    InterfaceName ifname;
-    unsigned bss = 0;
+    Bss bss;
     if (key_index != wpa_key) {
         log_debug("[ZAV-API] %s index %i not supported.\n", who, key_index);
         return failure;
     }
-    if (GET_IFNAME_FROM_INDEX(&ifname, index, &bss) != success)
-        return failure;
-    return nvram_get_str(ifname.data(), wpa_key_setting(bss).data(), ret_key);
+    return find_bss(index, &bss) == success ? nvram_get_str(bss, wpa_key_setting(bss), ret_key) : failure;
 }
 
 Status write_wpa_key(const char *who, int index, int key_index, const char *key, std::size_t least,
@@ -95,7 +79,7 @@ Status write_wpa_key(const char *who, int index, int key_index, const char *key,
         log_debug("[ZAV-API] %s index %i not supported.\n", who, key_index);
         return failure;
     }
-    return nvram_set_str(bss.ifname.data(), wpa_key_setting(bss.number).data(), key);
+    return nvram_set_str(bss, wpa_key_setting(bss), key);
 }
 
 } // namespace
@@ -118,15 +102,14 @@ Status ZAV_SetWepKeyIndex(int index, unsigned key_index) {
     }
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return write_list_number(bss.ifname.data(), "DefaultKeyID", bss.number, static_cast<int>(key_index));
+    return write_list_number(bss, "DefaultKeyID", bss.number, static_cast<int>(key_index));
 }
 
 Status ZAV_GetWepEncryptionLevel(int index, std::span<char> ret_level) {
     Bss bss;
     int key_index = 0, level = 0;
     if (find_bss(__func__, index, &bss) != success || read_default_key(bss, &key_index) != success ||
-        read_list_number(bss.ifname.data(), wep_setting("Key%iEncLevel", key_index).data(), bss.number,
-                         &level) != success)
+        read_list_number(bss, wep_setting(key_index, "EncLevel"), bss.number, &level) != success)
         return failure;
     const char *name = find_name(wep_levels, level);
     if (name == nullptr)
@@ -142,15 +125,14 @@ Status ZAV_SetWepEncryptionLevel(int index, const char *level) {
     if (find_bss(__func__, index, &bss) != success || wanted == nullptr ||
         read_default_key(bss, &key_index) != success)
         return failure;
-    const SettingKey key = wep_setting("Key%iEncLevel", key_index);
-    return change_list_number(bss.ifname.data(), key.data(), bss.number, *wanted);
+    return change_list_number(bss, wep_setting(key_index, "EncLevel"), bss.number, *wanted);
 }
 
 Status ZAV_GetWepKey(int index, int key_index, std::span<char> ret_key) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return nvram_get_str(bss.ifname.data(), wep_key_setting(key_index, bss.number).data(), ret_key);
+    return nvram_get_str(bss, wep_key_setting(key_index, bss), ret_key);
 }
 
 Status ZAV_SetWepKey(int index, int key_index, const char *key) {
@@ -162,20 +144,18 @@ Status ZAV_SetWepKey(int index, int key_index, const char *key) {
     int level = 0;
     const std::size_t length = std::strlen(key);
     // The type is stored before the key, so what the key could fail of is found out first.
-    if (!is_wep_key(__func__, key) || !nvram_can_hold(__func__, key) ||
-        GET_IFNAME_FROM_INDEX(&bss.ifname, index, &bss.number) != success ||
-        read_list_number(bss.ifname.data(), wep_setting("Key%iEncLevel", key_index).data(), bss.number,
-                         &level) != success)
+    if (!is_wep_key(__func__, key) || !nvram_can_hold(__func__, key) || find_bss(index, &bss) != success ||
+        read_list_number(bss, wep_setting(key_index, "EncLevel"), bss.number, &level) != success)
         return failure;
     if (!fits_level(level, length)) {
         log_error("[ZAV-API] Error %s key length is not compatible with encryption level.\n", __func__);
         return failure;
     }
-    const Status type = write_list_number(bss.ifname.data(), wep_setting("Key%iType", key_index).data(),
-                                          bss.number, is_ascii_wep_key(length) ? 1 : 0);
+    const Status type =
+        write_list_number(bss, wep_setting(key_index, "Type"), bss.number, is_ascii_wep_key(length) ? 1 : 0);
     if (type == failure)
         return failure;
-    return both(type, nvram_set_str(bss.ifname.data(), wep_key_setting(key_index, bss.number).data(), key));
+    return code_of_two(type, nvram_set_str(bss, wep_key_setting(key_index, bss), key));
 }
 
 Status ZAV_GetWepKeyPassphrase(int index, std::span<char> ret_key) {

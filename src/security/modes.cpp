@@ -38,7 +38,7 @@ Status read_mode(const char *who, const char *key, int index, std::span<char> re
     Bss bss;
     if (find_bss(who, index, &bss) != success)
         return failure;
-    return read_unbroken_list_text(bss.ifname.data(), key, bss.number, ret_mode);
+    return read_unbroken_list_text(bss, key, bss.number, ret_mode);
 }
 
 // Where the table does not know the stored mode, `otherwise` is answered.
@@ -64,7 +64,7 @@ Status write_named(const char *who, const char *key, const Named<StoredText> (&t
         log_debug("[ZAV-API] %s illegal %s mode:%s.\n", who, what, mode);
         return failure;
     }
-    return write_unbroken_list_text(who, bss.ifname.data(), key, bss.number, stored->data());
+    return write_unbroken_list_text(who, bss, key, bss.number, stored->data());
 }
 
 // The letters that count, as bits.
@@ -78,12 +78,12 @@ unsigned letter_set(const char *letters) {
 }
 
 // nullptr for letters that make no standard.
-const StoredText *find_standard(const char *letters, bool is_24g) {
+const StoredText *find_standard(const char *letters, Radio radio) {
     const unsigned wanted = letter_set(letters);
     for (const auto &standard : standards) {
         if (letter_set(standard.name) != wanted)
             continue;
-        return standard.code == only_n_24g && !is_24g ? &only_n_5g : &standard.code;
+        return standard.code == only_n_24g && radio == Radio::band_5g ? &only_n_5g : &standard.code;
     }
     return nullptr;
 }
@@ -93,8 +93,7 @@ const StoredText *find_standard(const char *letters, bool is_24g) {
 Status ZAV_GetStandard(int index, std::span<char> ret_letters) {
     Bss bss;
     std::array<char, 16> stored;
-    if (find_bss(__func__, index, &bss) != success ||
-        nvram_get_str(bss.ifname.data(), "WirelessMode", stored) != success)
+    if (find_bss(__func__, index, &bss) != success || nvram_get_str(bss, "WirelessMode", stored) != success)
         return failure;
     // Only a code that begins with 1 can have a second digit.
     if (stored[0] != '1' && stored[0] != '\0')
@@ -110,10 +109,10 @@ Status ZAV_SetStandard(int index, const char *letters) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    const StoredText *code = find_standard(letters, is_24g_name(bss.ifname.data()));
+    const StoredText *code = find_standard(letters, bss.radio);
     if (code == nullptr)
         return failure;
-    return nvram_set_str(bss.ifname.data(), "WirelessMode", code->data());
+    return nvram_set_str(bss, "WirelessMode", code->data());
 }
 
 Status ZAV_GetBeaconType(int, std::span<char> ret_type) {
@@ -147,7 +146,7 @@ Status ZAV_SetWpaBasicAuthenticationModes(int index, const char *mode) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return write_unbroken_list_text(__func__, bss.ifname.data(), authentication_key, bss.number, mode);
+    return write_unbroken_list_text(__func__, bss, authentication_key, bss.number, mode);
 }
 
 Status ZAV_GetWpaEncryptionModes(int index, std::span<char> ret_mode) {

@@ -7,8 +7,7 @@
 #include "backend/value_lists.h"
 
 #include <algorithm>
-#include <array>
-#include <cstdio>
+#include <string>
 #include <string_view>
 
 namespace {
@@ -36,7 +35,7 @@ Status get_text(const char *who, const TextList &list, int index, std::span<char
     Bss bss;
     if (find_bss(who, index, &bss) != success)
         return failure;
-    return read_list_text(bss.ifname.data(), list.key, bss.number, room_for(ret_text, list.longest));
+    return read_list_text(bss, list.key, bss.number, room_for(ret_text, list.longest));
 }
 
 Status set_address(const char *who, const TextList &list, int index, const char *address,
@@ -53,14 +52,13 @@ Status set_address(const char *who, const TextList &list, int index, const char 
     }
     const char *const stored = is_none ? "1.1.1.1" : address;
     copy_text(ret_stored, stored);
-    return write_list_text(who, bss.ifname.data(), list.key, bss.number, stored);
+    return write_list_text(who, bss, list.key, bss.number, stored);
 }
 
 Status get_number(const char *who, const char *key, int index, unsigned *ret_value) {
     Bss bss;
     int value = 0;
-    if (find_bss(who, index, &bss) != success ||
-        read_list_number(bss.ifname.data(), key, bss.number, &value) != success)
+    if (find_bss(who, index, &bss) != success || read_list_number(bss, key, bss.number, &value) != success)
         return failure;
     *ret_value = static_cast<unsigned>(value);
     return success;
@@ -74,16 +72,11 @@ Status set_port(const char *who, const char *key, int index, unsigned port) {
         log_debug("[ZAV-API] %s illegal Port number\n", who);
         return failure;
     }
-    return write_list_number(bss.ifname.data(), key, bss.number, port == 0 ? 1 : static_cast<int>(port));
+    return write_list_number(bss, key, bss.number, port == 0 ? 1 : static_cast<int>(port));
 }
 
 // The authentication key is a setting of its own for each BSS.
-Status find_radius_key(const char *who, int index, Bss *ret_bss, std::span<char> ret_key) {
-    if (find_bss(who, index, ret_bss) != success)
-        return failure;
-    std::snprintf(ret_key.data(), ret_key.size(), "RADIUS_Key%u", ret_bss->number);
-    return success;
-}
+std::string radius_key(const Bss &bss) { return "RADIUS_Key" + std::to_string(bss.number); }
 
 bool is_address(std::string_view text) {
     unsigned dots = 0, digits = 0;
@@ -128,18 +121,16 @@ Status ZAV_SetRadiusServerPort(int index, unsigned port) {
 
 Status ZAV_GetRadiusServerKey(int index, std::span<char> ret_key) {
     Bss bss;
-    std::array<char, 24> key;
-    if (find_radius_key(__func__, index, &bss, key) != success)
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return nvram_get_str(bss.ifname.data(), key.data(), room_for(ret_key, longest_radius_key));
+    return nvram_get_str(bss, radius_key(bss), room_for(ret_key, longest_radius_key));
 }
 
 Status ZAV_SetRadiusServerKey(int index, const char *key) {
     Bss bss;
-    std::array<char, 24> name;
-    if (find_radius_key(__func__, index, &bss, name) != success)
+    if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return nvram_set_str(bss.ifname.data(), name.data(), key);
+    return nvram_set_str(bss, radius_key(bss), key);
 }
 
 Status ZAV_GetRadiusReAuthInterval(int index, unsigned *ret_interval) {
@@ -155,7 +146,7 @@ Status ZAV_SetRadiusReAuthInterval(int index, unsigned interval) {
         log_debug("[ZAV-API] %s illegal interval:%i smaller than 60.\n", __func__, seconds);
         return failure;
     }
-    return write_list_number(bss.ifname.data(), reauth_interval, bss.number, seconds);
+    return write_list_number(bss, reauth_interval, bss.number, seconds);
 }
 
 Status ZAV_GetAcctServerAddress(int index, std::span<char> ret_address) {
@@ -180,5 +171,5 @@ Status ZAV_SetAcctServerKey(int index, const char *key) {
     Bss bss;
     if (find_bss(__func__, index, &bss) != success)
         return failure;
-    return write_list_text(__func__, bss.ifname.data(), acct_key.key, bss.number, key);
+    return write_list_text(__func__, bss, acct_key.key, bss.number, key);
 }

@@ -2,7 +2,6 @@
 
 #include "backend/config_store.h"
 #include "backend/driver_channel.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/text.h"
 #include "backend/value_lists.h"
@@ -94,7 +93,7 @@ const char *state_text(const WscInfo &info) {
 // The driver takes the mode from the settings again.
 Status tell_enabled(const WpsRadio &radio) {
     int mode = 0;
-    if (read_list_number(radio.ifname.data(), "WscConfMode", 1, &mode) != success)
+    if (read_list_number(radio.first, "WscConfMode", 1, &mode) != success)
         return failure;
     return tell(radio.first_index, "WscConfMode=%d", mode);
 }
@@ -122,7 +121,7 @@ Status ZAV_GetWpsEnable(int index, unsigned *ret_enable) {
     WpsRadio radio;
     int enabled = 0;
     if (find_wps_radio(index, &radio) != success ||
-        read_list_number(radio.ifname.data(), "WscEnable", 1, &enabled) != success)
+        read_list_number(radio.first, "WscEnable", 1, &enabled) != success)
         return failure;
     *ret_enable = enabled != 0 ? 1 : 0;
     return success;
@@ -132,7 +131,7 @@ Status ZAV_SetWpsEnable(int index, unsigned enable) {
     WpsRadio radio;
     if (find_wps_radio(index, &radio) != success)
         return failure;
-    const Status stored = write_list_number(radio.ifname.data(), "WscEnable", 1, static_cast<int>(enable));
+    const Status stored = write_list_number(radio.first, "WscEnable", 1, static_cast<int>(enable));
     if (stored == failure)
         return failure;
     const Status told = enable != 0 ? tell_enabled(radio) : tell_disabled(radio);
@@ -186,7 +185,7 @@ Status ZAV_SetWpsDevicePassword(int index, const char *pin, std::span<char> ret_
         return failure;
     }
     copy_text(ret_stored, taken.data());
-    return nvram_set_str(radio.ifname.data(), "WscVendorPinCode", taken.data());
+    return nvram_set_str(radio.first, "WscVendorPinCode", taken.data());
 }
 
 Status ZAV_GetWpsVersion(int index, unsigned *ret_version) {
@@ -227,7 +226,7 @@ Status ZAV_SetWpsConfigMethodsEnabled(int index, const char *methods) {
         bits = std::strstr(methods, method.name) != nullptr ? bits | method.code : bits & ~method.code;
     std::array<char, 12> text;
     std::snprintf(text.data(), text.size(), "%x", bits);
-    const Status stored = nvram_set_str(radio.ifname.data(), "WscConfMethods", text.data());
+    const Status stored = nvram_set_str(radio.first, "WscConfMethods", text.data());
     if (stored == failure)
         return failure;
     return tell(radio.first_index, "WscConfigMethods=0x%x", bits) == failure ? failure : stored;
@@ -307,7 +306,7 @@ Status ZAV_SetWpsRegistrarEnabled(int index, int registrar, unsigned enable) {
     NumberList stored;
     if (registrar != only_registrar || read_info(__func__, index, &info) != success ||
         find_wps_radio(index, &radio) != success ||
-        read_numbers(radio.ifname.data(), "WscConfMode", stored) != success)
+        read_numbers(radio.first, "WscConfMode", stored) != success)
         return failure;
     const auto changed = [enable](int mode) {
         const auto bits = static_cast<unsigned>(mode);
@@ -316,7 +315,7 @@ Status ZAV_SetWpsRegistrarEnabled(int index, int registrar, unsigned enable) {
     if (tell(radio.first_index, "WscConfMode=%i", changed(info.ConfMode)) != success)
         return failure;
     stored[0] = changed(stored[0]);
-    return write_numbers(radio.ifname.data(), "WscConfMode", stored);
+    return write_numbers(radio.first, "WscConfMode", stored);
 }
 
 Status ZAV_GetWpsUuid(int index, std::span<char> ret_uuid) {
@@ -333,24 +332,24 @@ Status ZAV_SetWpsUuid(int index, const char *uuid) {
         return failure;
     std::array<char, 37> digits{};
     std::copy_if(uuid, uuid + std::strlen(uuid), digits.begin(), [](char c) { return c != '-'; });
-    const Status with_dashes = nvram_set_str(radio.ifname.data(), "WSC_UUID_Str1", uuid);
+    const Status with_dashes = nvram_set_str(radio.first, "WSC_UUID_Str1", uuid);
     if (with_dashes == failure)
         return failure;
-    return both(with_dashes, nvram_set_str(radio.ifname.data(), "WSC_UUID_E1", digits.data()));
+    return code_of_two(with_dashes, nvram_set_str(radio.first, "WSC_UUID_E1", digits.data()));
 }
 
 Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {
     WpsRadio radio;
     if (find_wps_radio(index, &radio) != success)
         return failure;
-    log_debug("[ZAV-API] %s interface ifname: %s\n", __func__, radio.ifname.data());
-    if (check_driver(__func__, driver_loaded) != success)
+    log_debug("[ZAV-API] %s interface ifname: %s\n", __func__, radio.first.name.data());
+    if (check_driver(__func__, DriverState::loaded) != success)
         return failure;
     std::array<char, 501> answer{}; // the driver writes 500 bytes at the most
     const PrivateCommand command{.request = PrivateRequest::wps_device,
                                  .shown = false,
                                  .no_socket = "[ZAV-API] Error %s ioctl sock failed!\n"};
-    if (ask_private(__func__, radio.ifname, command,
+    if (ask_private(__func__, radio.first.name, command,
                     std::as_writable_bytes(std::span(answer).first<500>())) != success)
         return failure;
     std::string_view rest = answer.data(), word;

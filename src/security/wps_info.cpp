@@ -2,8 +2,8 @@
 
 #include "backend/config_store.h"
 #include "backend/driver_channel.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
+#include "backend/running_interfaces.h"
 #include "backend/text.h"
 #include "backend/value_lists.h"
 
@@ -60,7 +60,7 @@ bool take_text(const std::array<char, longest_token + 1> &token, std::string_vie
 
 Status read_hexadecimal(const WpsRadio &radio, const char *key, unsigned *ret_value) {
     std::array<char, 32> text;
-    if (nvram_get_str(radio.ifname.data(), key, text) != success)
+    if (nvram_get_str(radio.first, key, text) != success)
         return failure;
     char *end = nullptr;
     *ret_value = static_cast<unsigned>(std::strtoul(text.data(), &end, 16));
@@ -69,7 +69,7 @@ Status read_hexadecimal(const WpsRadio &radio, const char *key, unsigned *ret_va
 
 // The number at the start of the value; 0 where there is none.
 Status read_first_number(const WpsRadio &radio, const char *key, int *ret_value) {
-    return read_list_number(radio.ifname.data(), key, 1, ret_value);
+    return read_list_number(radio.first, key, 1, ret_value);
 }
 
 Status read_stored_info(const WpsRadio &radio, WscInfo *ret_info) {
@@ -78,8 +78,8 @@ Status read_stored_info(const WpsRadio &radio, WscInfo *ret_info) {
     if (read_first_number(radio, "WscConfMode", &ret_info->ConfMode) != success ||
         read_hexadecimal(radio, "WscConfMethods", &ret_info->ConfigMethods) != success ||
         read_first_number(radio, "WscConfStatus", &ret_info->ConfStatus) != success ||
-        nvram_get_str(radio.ifname.data(), "WscVendorPinCode", ret_info->PinCode) != success ||
-        nvram_get_str(radio.ifname.data(), "WSC_UUID_Str1", ret_info->Uuid) != success ||
+        nvram_get_str(radio.first, "WscVendorPinCode", ret_info->PinCode) != success ||
+        nvram_get_str(radio.first, "WSC_UUID_Str1", ret_info->Uuid) != success ||
         read_first_number(radio, "WscV2Support", &supports_version_2) != success ||
         read_first_number(radio, "WscConfigTimeout", &ret_info->ConfigTimeout) != success)
         return failure;
@@ -94,7 +94,7 @@ Status find_wps_radio(int index, WpsRadio *ret_radio) {
     if (isIndexValid(index) != success || ZAV_GetNumberOfEntriesPerInf(&first, &last, index) != success)
         return failure;
     ret_radio->first_index = static_cast<int>(first);
-    return GET_IFNAME_FROM_INDEX(&ret_radio->ifname, ret_radio->first_index, nullptr);
+    return find_bss(ret_radio->first_index, &ret_radio->first);
 }
 
 Status parse_wsc_info(const char *who, const char *answer, WscInfo *ret_info) {
@@ -127,7 +127,7 @@ Status ZAV_parseWscInfoCommand(int index, WscInfo *ret_info) {
     *ret_info = {};
     if (find_wps_radio(index, &radio) != success)
         return failure;
-    if (!driver_loaded || isInterfacesRunningOnBand(index) == 0)
+    if (!driver_is(DriverState::loaded) || isInterfacesRunningOnBand(index) == 0)
         return read_stored_info(radio, ret_info);
     std::array<char, 1024> answer;
     if (ZAV_Show(radio.first_index, "WscInfo", answer) != success)

@@ -22,10 +22,10 @@ struct WscInfo {
     int ConfigTimeout; // seconds
 };
 
-// WPS belongs to a radio, whose first interface stands for it: its index, its name, and field 1 of its lists.
+// WPS belongs to a radio, whose first BSS stands for it: its index, its interface, and field 1 of its lists.
 struct WpsRadio {
     int first_index;
-    InterfaceName ifname;
+    Bss first;
 };
 Status find_wps_radio(int index, WpsRadio *ret_radio);
 

@@ -1,7 +1,6 @@
 #include "backend/bss_identity.h"
 #include "backend/config_store.h"
 #include "backend/driver_channel.h"
-#include "backend/lifecycle.h"
 #include "backend/log.h"
 #include "backend/shell.h"
 #include "security/modes.h"
@@ -20,8 +19,8 @@ constexpr char default_passphrase[] = "ExampleDefaultKey0421";
 // must be an address and nothing else.
 Status read_host_address(const char *who, std::span<char> ret_address) {
     in_addr parsed;
-    if (nvram_get_str("zvi00", "AtomEthIpAddr", ret_address) != success &&
-        nvram_get_str("zv00", "AtomEthIpAddr", ret_address) != success)
+    if (nvram_get_str(settings_24g, "AtomEthIpAddr", ret_address) != success &&
+        nvram_get_str(settings_5g, "AtomEthIpAddr", ret_address) != success)
         return failure;
     if (inet_pton(AF_INET, ret_address.data(), &parsed) == 1)
         return success;
@@ -40,7 +39,7 @@ Status restart_wps_daemon(const char *who, const WpsRadio &radio) {
     std::snprintf(
         command.data(), command.size(),
         "killall -9 wscd ; sleep 1 ; $zav_install_dir/wscd -D -w $zav_install_dir/xml -m 1 -i %s -a %s",
-        radio.ifname.data(), address.data());
+        radio.first.name.data(), address.data());
     return run_command(who, command.data());
 }
 
@@ -50,7 +49,7 @@ Status secure(const WpsRadio &radio) {
         ZAV_SetSSID(radio.first_index, ssid.data()) == failure ||
         ZAV_SetWpaBasicAuthenticationModes(radio.first_index, "WPA2PSK") == failure ||
         ZAV_SetWpaEncryptionModes(radio.first_index, "AESEncryption") == failure ||
-        nvram_set_str(radio.ifname.data(), "WPAPSK1", default_passphrase) == failure)
+        nvram_set_str(radio.first, "WPAPSK1", default_passphrase) == failure)
         return failure;
     return success;
 }
@@ -59,9 +58,9 @@ Status secure(const WpsRadio &radio) {
 
 Status ZAV_SetWpsOOB(int index) {
     WpsRadio radio;
-    if (check_driver(__func__, driver_loaded) != success)
+    if (check_driver(__func__, DriverState::loaded) != success)
         return failure;
-    if (find_wps_radio(index, &radio) != success || reset_wps(__func__, radio.ifname) != success ||
+    if (find_wps_radio(index, &radio) != success || reset_wps(__func__, radio.first.name) != success ||
         restart_wps_daemon(__func__, radio) != success)
         return failure;
     return secure(radio);

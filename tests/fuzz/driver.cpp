@@ -90,7 +90,6 @@ void read_wps(int) {
         assert(info.Mode.back() == '\0' && info.PinCode.back() == '\0' && info.Uuid.back() == '\0');
     }
     std::array<char, 20> name{};
-    driver_loaded = true;
     assert(wlan_getWpsDeviceName(1, name) == failure || (name[0] != '\0' && name.back() == '\0'));
 }
 

@@ -34,10 +34,10 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         !key.empty() && key.size() <= 57 && key.find('=') == key.npos && value.find('\n') == key.npos;
     const bool fits = std::max(text.size(), changed.size()) < file_limit;
     const Status expected = !holds || !fits ? failure : changed == text ? unchanged : success;
-    assert(nvram_set_str("zv00", key.c_str(), value.c_str()) == expected);
+    assert(nvram_set_str(settings_5g, key, value.c_str()) == expected);
     std::ifstream file(path, std::ios::binary);
     assert(std::string(std::istreambuf_iterator<char>(file), {}) == (expected == success ? changed : text));
-    const bool got = nvram_get_str("zv00", key.c_str(), found) == success;
+    const bool got = nvram_get_str(settings_5g, key, found) == success;
     assert(expected == failure || (got && value == found.data()));
     return 0;
 }

@@ -3,7 +3,6 @@
 #undef NDEBUG
 #include "api/site_survey.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 
 #include <algorithm>
 #include <cassert>
@@ -12,11 +11,10 @@
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size) {
     static SurveyAnswer answer;
     static scan_table table;
-    BssidNumZv00 = 1;
-    driver_initialised = true;
+    set_known_driver(DriverState::initialised, {0, 1});
     answer.fill('\0');
     std::copy_n(data, std::min(size, answer.size()), answer.begin());
-    publish_survey(false, answer);
+    publish_survey(Radio::band_5g, answer);
     unsigned count = 0;
     assert(wlan_getApScanNumOfEntries(1, &count) == success && wlan_getApScanResult(1, &table) == success);
     assert(count == std::min<unsigned>(size == 0 ? 0 : data[0], 64) && table.count == count);

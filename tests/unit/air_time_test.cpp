@@ -5,6 +5,7 @@
 #include "driver_double.h"
 #include "rrm/air_time.h"
 #include "rrm/driver_data.h"
+#include "rrm/unreached.h"
 
 #include <climits>
 #include <cstdlib>
@@ -52,7 +53,7 @@ TEST(Command, TakesOneOfTwoRequests) {
     driver::answers = {{17, ""}, {6, ""}};
     EXPECT_EQ(SetDriverDataOnTheFly("fairness.-b.2.40", ifname, 1), success);
     EXPECT_EQ(SetDriverDataOnTheFly("RadioStat.-a.5", ifname, 0), success);
-    driver_initialised = false;
+    set_driver_state(DriverState::loaded);
     EXPECT_EQ(SetDriverDataOnTheFly("RadioStat.-a.6", ifname, 0), failure);
     EXPECT_EQ(driver::asked, (Lines{"17 zv00 fairness.-b.2.40 17", "6 zv00 RadioStat.-a.5 15"}));
 }

@@ -6,7 +6,10 @@
 #include "backend/driver_channel.h"
 #include "backend/interfaces.h"
 #include "backend/lifecycle.h"
+#include "backend/running_interfaces.h"
+#include "backend/settings_by_index.h"
 #include "backend/shell.h"
+#include "backend/unreached.h"
 #include "radio/bss_enable.h"
 
 #include <atomic>
@@ -35,12 +38,12 @@ static std::string read_text(const char *name) {
 }
 
 // The daemon as it starts, with files that name so many BSSes.
-static void start_with(const std::string &number_24g, const std::string &number_5g, unsigned loaded = 245) {
+static void start_with(const std::string &number_24g, const std::string &number_5g,
+                       Radios loaded = Radios::both) {
     write_file("settings/ZAV75024g.dat", "#\nBssidNum=" + number_24g + "\n");
     write_file("settings/ZAV750.dat", "#\nBssidNum=" + number_5g + "\n");
-    BssidNumZvi00 = BssidNumZv00 = 0;
-    InterfacesUp = loaded;
-    driver_initialised = false;
+    set_known_driver();
+    set_interfaces_up(loaded);
 }
 
 // All that an index stands for; "" and 99 are untouched.
@@ -67,21 +70,22 @@ TEST(Interfaces, HaveOneMeaningForEachIndex) {
     EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(nullptr, &first, 5), failure);
     EXPECT_TRUE(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5) == failure && first == 5);
     InterfaceName name, air_time;
+    Bss bss;
     name.fill('~');
     air_time.fill('~');
     EXPECT_TRUE(GET_IFNAME_FROM_INDEX(&name, 5, nullptr) == success && name == InterfaceName{"zv00"});
     EXPECT_EQ(GET_ATM_IFNAME_FROM_INDEX(&air_time, 5, nullptr), success);
     EXPECT_EQ(air_time, InterfaceName{"atm5g"}) << "a request carries all 16 bytes";
-    EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), failure) << "the driver is not initialised";
-    driver_initialised = true;
-    EXPECT_EQ(ZAV_getIfNameByIndex(5, &name), success);
-    EXPECT_TRUE(ZAV_is5g(name.data()) == 1 && ZAV_is24g(name.data()) == 0 && ZAV_is24g("zvi00") == 1);
+    EXPECT_EQ(ZAV_getIfNameByIndex(5, &bss), failure) << "the driver is not initialised";
+    set_driver_state(DriverState::initialised);
+    EXPECT_TRUE(ZAV_getIfNameByIndex(5, &bss) == success && bss.name == name);
+    EXPECT_TRUE(ZAV_is5g(bss) == 1 && ZAV_is24g(bss) == 0);
 }
 
 TEST(Interfaces, TakeTheirCountsFromTheFilesOnce) {
-    start_with("4", "3", 24);
+    start_with("4", "3", Radios::only_24g);
     EXPECT_EQ(meaning(5), meaning(0));
-    start_with("4", "3", 5);
+    start_with("4", "3", Radios::only_5g);
     EXPECT_EQ(meaning(1), std::tuple(success, "zv00", "atm5g", 1, 1, 3));
     start_with("65", "64");
     EXPECT_EQ(meaning(128), std::tuple(success, "zv063", "atm5g", 64, 65, 128));
@@ -98,16 +102,16 @@ TEST(Interfaces, ForgetTheirCountsForGood) {
     start_with("4", "3");
     std::atomic<bool> enough = false;
     std::jthread worker([&] {
-        for (; !enough; forget_counts())
+        for (; !enough; set_known_driver())
             (void)refresh_counts();
     });
     int outdated = 0;
     for (unsigned round = 0; round < 50000; ++round) {
         write_file("settings/next", "#\nBssidNum=" + std::to_string(round % 9 + 1) + "\n");
         std::rename("settings/next", "settings/ZAV750.dat");
-        forget_counts();
+        set_known_driver();
         for (unsigned look = 0; look < 200 + round % 2000; ++look) // never in step with the worker
-            if (const unsigned count = BssidNumZv00; count != 0)
+            if (const unsigned count = known_counts().on_5g; count != 0)
                 outdated += count != round % 9 + 1;
     }
     enough = true;
@@ -117,7 +121,7 @@ TEST(Interfaces, ForgetTheirCountsForGood) {
 TEST(Interfaces, AreProbedInBothFormsOfIfconfig) {
     const auto running = [](const std::string &output) {
         write_file("faults/tool.ifconfig.answer", output);
-        return std::pair(GET_RUNNING_INTERFACES(), isInterfacesRunningOnBand(5));
+        return std::pair(static_cast<int>(GET_RUNNING_INTERFACES()), isInterfacesRunningOnBand(5));
     };
     start_with("4", "4");
     EXPECT_EQ(running("eth0      Link encap:Ethernet\n          zv0 zvi0\n"), std::pair(0, 0));
@@ -163,7 +167,7 @@ TEST(Driver, GetsCommandsOnceItIsInitialised) {
     write_file("interfaces/zvi00", "down");
     write_file("faults/set.zvi00.A.fail", "5");
     EXPECT_EQ(ZAV_Set(0, "TxPower=40"), success);
-    driver_initialised = true;
+    set_driver_state(DriverState::initialised);
     EXPECT_EQ(ZAV_Set(1, "TxPower=50"), success);
     EXPECT_EQ(ZAV_InterfaceUp(1), success);
     testing::internal::CaptureStderr();
@@ -204,7 +208,7 @@ TEST(BssIdentity, GivesTheBitRateInMegabits) {
     write_file("5g/rate", "866700000\n");
     write_file("log", "");
     EXPECT_EQ(rate(10), "failure") << "the driver is not initialised";
-    driver_initialised = true;
+    set_driver_state(DriverState::initialised);
     EXPECT_EQ(rate(10), "866");
     EXPECT_EQ(rate(17), "failure");
     testing::internal::CaptureStderr();
@@ -219,7 +223,7 @@ TEST(BssIdentity, MasksTheFirstOctetByTheCount) {
     const auto bssid = [](const std::string &base, int count, int bss, int rule = 1) -> std::string {
         write_file("settings/ZAV75024g.dat", "#\nBssidNum=" + std::to_string(count) + "\nMbssidByLAM=" +
                                                  std::to_string(rule) + "\nWL_MACADDR0=" + base + "\n");
-        BssidNumZvi00 = 0;
+        set_known_driver();
         std::array<char, 20> text{};
         return ZAV_GetBSSID(bss, text) == success ? text.data() : "failure";
     };
@@ -246,7 +250,7 @@ static void associate(std::uint16_t vlan, const std::string &before, Status resu
                       const std::string &said = "") {
     constexpr char file[] = "/tmp/ZAV750vlan.dat";
     start_with("1", "1");
-    vlan_file_is_reset = true;
+    set_vlan_file_is_reset(true);
     write_file("settings/ZAV75024g.dat", "#\nBssidNum=1\nWL_MACADDR0=00:00:5E:00:53:20\n");
     write_file(file, before);
     if (before.empty())
@@ -296,13 +300,13 @@ extern "C" int pipe2(int *ends, int flags) noexcept {
 }
 
 // A loaded driver of four BSSes a band, without WPS, and its log from now on.
-static void load_with(const std::string &wps_24g, unsigned loaded) {
+static void load_with(const std::string &wps_24g, Radios loaded) {
     start_with("4", "4\nWscEnable=0;", loaded);
     write_file("settings/ZAV75024g.dat", "#\nBssidNum=4\nWscEnable=" + wps_24g + "\n");
     for (const char *interface : {"interfaces/zvi00", "interfaces/zv00"})
         write_file(interface, "down");
     write_file("log", "");
-    driver_loaded = true;
+    set_driver_state(DriverState::loaded);
 }
 
 static const std::string off_24g = "set zvi00 WscConfMode=0\n", off_5g = "set zv00 WscConfMode=0\n",
@@ -310,16 +314,18 @@ static const std::string off_24g = "set zvi00 WscConfMode=0\n", off_5g = "set zv
 
 TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
     struct Row {
-        unsigned loaded;
+        Radios loaded;
         std::string wps_24g, probe; // without a probe it cannot be made
         std::string init, off, vlans;
     };
     for (const auto &[loaded, wps_24g, probe, init, off, vlans] :
-         {Row{24, "0;", "zvi00\n", "24g", off_24g, "24g"}, Row{5, "0;", "zv00\n", "5g", off_5g, "5g"},
-          Row{245, "1;", "zvi00\nzv00\n", "dual", off_5g, "dual"},
-          Row{245, "0;", "zvi00\nzv00\n", "dual", off_24g + off_5g, "dual"},
-          Row{245, "0;", "zvi00\n", "dual", off_24g, "24g"}, Row{245, "0;", "zv00\n", "dual", off_5g, "5g"},
-          Row{24, "0;", "", "24g", "", "dual"}}) {
+         {Row{Radios::only_24g, "0;", "zvi00\n", "24g", off_24g, "24g"},
+          Row{Radios::only_5g, "0;", "zv00\n", "5g", off_5g, "5g"},
+          Row{Radios::both, "1;", "zvi00\nzv00\n", "dual", off_5g, "dual"},
+          Row{Radios::both, "0;", "zvi00\nzv00\n", "dual", off_24g + off_5g, "dual"},
+          Row{Radios::both, "0;", "zvi00\n", "dual", off_24g, "24g"},
+          Row{Radios::both, "0;", "zv00\n", "dual", off_5g, "5g"},
+          Row{Radios::only_24g, "0;", "", "24g", "", "dual"}}) {
         load_with(wps_24g, loaded);
         write_file("faults/tool.ifconfig.answer", probe);
         pipes_fail = probe.empty();
@@ -334,11 +340,11 @@ TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
 }
 
 TEST(Lifecycle, AnOvertakenInitLeavesTheNextRunAlone) {
-    const unsigned overtaken = driver_run;
+    const unsigned overtaken = driver_run();
     EXPECT_EQ(ZAV_Stop(), success);
-    load_with("0;", 245);
+    load_with("0;", Radios::both);
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(ZAV_Init(overtaken) == failure && !driver_initialised);
+    EXPECT_TRUE(ZAV_Init(overtaken) == failure && !driver_is(DriverState::initialised));
     EXPECT_EQ(testing::internal::GetCapturedStderr() + read_text("log"), "");
     EXPECT_EQ(ZAV_Init(), success);
 }
@@ -347,32 +353,31 @@ TEST(Lifecycle, ARestartIsThatOfTheBand) {
     const std::string restart = script + "restart_interfaces ", of_24g = restart + "24g\n" + off_24g,
                       of_5g = restart + "5g\n" + off_5g;
     constexpr int all = 0;
-    for (const auto &[loaded, index, expected] : {std::tuple(245U, 4, of_24g),
-                                                  {245, 6, of_5g},
-                                                  {245, 8, of_5g},
-                                                  {245, all, of_24g + of_5g},
-                                                  {24, 4, of_24g},
-                                                  {24, all, of_24g},
-                                                  {5, 4, of_5g},
-                                                  {5, all, of_5g},
-                                                  {5, 5, ""},
-                                                  {245, 9, ""}}) {
+    for (const auto &[loaded, index, expected] : {std::tuple(Radios::both, 4, of_24g),
+                                                  {Radios::both, 6, of_5g},
+                                                  {Radios::both, 8, of_5g},
+                                                  {Radios::both, all, of_24g + of_5g},
+                                                  {Radios::only_24g, 4, of_24g},
+                                                  {Radios::only_24g, all, of_24g},
+                                                  {Radios::only_5g, 4, of_5g},
+                                                  {Radios::only_5g, all, of_5g},
+                                                  {Radios::only_5g, 5, ""},
+                                                  {Radios::both, 9, ""}}) {
         load_with("0;", loaded);
-        driver_initialised = true;
+        set_driver_state(DriverState::initialised);
         EXPECT_EQ(index == all ? ZAV_RestartAll() : ZAV_Restart(index), expected.empty() ? failure : success);
-        EXPECT_EQ(read_text("log"), expected) << loaded << " " << index;
+        EXPECT_EQ(read_text("log"), expected) << static_cast<int>(loaded) << " " << index;
     }
 }
 
 TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
     write_file("log", "");
-    driver_loaded = false;
+    set_driver_state(DriverState::stopped);
     EXPECT_EQ(restartRadiusDaemon(), failure) << "the driver is not loaded";
-    driver_loaded = true;
-    for (const auto &[loaded, expected] :
-         {std::pair(0U, failure), {24U, success}, {5U, success}, {245U, success}, {7U, failure}}) {
+    for (const Radios loaded : {Radios::only_24g, Radios::only_5g, Radios::both}) {
         start_with("8", "8", loaded);
-        EXPECT_EQ(restartRadiusDaemon(), expected) << loaded;
+        set_driver_state(DriverState::loaded);
+        EXPECT_EQ(restartRadiusDaemon(), success);
     }
     std::string log;
     std::getline(std::ifstream("log"), log, '\0');

@@ -1,6 +1,6 @@
 #include "backend/channels.h"
 
-#include "backend/config_store.h"
+#include "backend/channel_info.h"
 #include "settings_files.h"
 
 #include <gtest/gtest.h>
@@ -31,22 +31,22 @@ struct Outcome {
     }
 };
 
-static Outcome search(const char *band, const char *ifname) {
+static Outcome search(const char *band, const SettingsFile &file) {
     testing::internal::CaptureStderr();
-    const Status status = ZAV_ChannelsForBandSet(band, ifname);
+    const Status status = ZAV_ChannelsForBandSet(band, file);
     std::string list;
-    if (nvram_get_whole(ifname, "OverwriteChannelList", &list) != success)
+    if (nvram_get_whole(file, "OverwriteChannelList", &list) != success)
         list = "(none)";
     return {status, list, testing::internal::GetCapturedStderr()};
 }
 
 static Outcome searched(const std::string &text, const char *country = "US", const char *bandwidth = "0",
-                        const char *band = "2.4", const char *ifname = "zvi00") {
+                        const char *band = "2.4", const SettingsFile &file = settings_24g) {
     write_file(info_file, text);
     const std::string lines =
         std::string("UseChannelInfo=1\nCountryCode=") + country + "\nHT_BW=" + bandwidth + "\n";
     start_with(lines, lines);
-    return search(band, ifname);
+    return search(band, file);
 }
 
 static Outcome found(const char *list) { return {success, list, ""}; }
@@ -65,12 +65,12 @@ TEST_F(ChannelInfo, GivesTheListOfCountryBandAndBandwidth) {
     EXPECT_EQ(searched(text, "US", "1"), found("1,5,5,0"));
     EXPECT_EQ(searched(text, "DE"), found("2,0"));
     EXPECT_EQ(lines_of(file_24g), "UseChannelInfo=1\nCountryCode=DE\nHT_BW=0\nOverwriteChannelList=2,0\n\n");
-    ASSERT_EQ(nvram_set_str("zvi00", "CountryCode", "US"), success);
-    EXPECT_EQ(search("2.4", "zvi00"), found("1,6,11,0"));
+    ASSERT_EQ(nvram_set_str(settings_24g, "CountryCode", "US"), success);
+    EXPECT_EQ(search("2.4", settings_24g), found("1,6,11,0"));
     EXPECT_EQ(lines_of(file_24g),
               "UseChannelInfo=1\nCountryCode=US\nHT_BW=0\nOverwriteChannelList=1,6,11,0\n\n");
-    EXPECT_EQ(searched(text, "US", "0", "5.2", "zv00"), found("36,255,0"));
-    EXPECT_EQ(searched(text, "US", "1", "5.2", "zv00"), found("36,36,0"));
+    EXPECT_EQ(searched(text, "US", "0", "5.2", settings_5g), found("36,255,0"));
+    EXPECT_EQ(searched(text, "US", "1", "5.2", settings_5g), found("36,36,0"));
     EXPECT_EQ(lines_of(file_24g), "UseChannelInfo=1\nCountryCode=US\nHT_BW=1\n") << "the other band";
     EXPECT_EQ(searched("[00]\n2.4G 20MHz: a(7)\n", ""), found("7,0"));
     EXPECT_EQ(searched("[USA]\n2.4G 20MHz:a(1)\n"), found("1,0")) << "compared over the code's length";
@@ -85,7 +85,7 @@ TEST_F(ChannelInfo, GivesTheListOfCountryBandAndBandwidth) {
     EXPECT_EQ(searched(text), found("1,6,11,0"));
     const auto earlier = std::filesystem::last_write_time(file_24g) - std::chrono::hours(1);
     std::filesystem::last_write_time(file_24g, earlier);
-    EXPECT_EQ(search("2.4", "zvi00"), found("1,6,11,0"));
+    EXPECT_EQ(search("2.4", settings_24g), found("1,6,11,0"));
     EXPECT_EQ(std::filesystem::last_write_time(file_24g), earlier) << "a second run changes nothing";
 }
 
@@ -118,7 +118,7 @@ TEST_F(ChannelInfo, MissingFileAndKeysFailTheBand) {
     const std::string missing = "[ZAV-API] Error ZAV_ChannelsForBandSet " + std::string(info_file) +
                                 " does not exits!!!!!!\n" + info_file + ": No such file or directory\n";
     start_with("UseChannelInfo=1\n", "UseChannelInfo=1\n");
-    EXPECT_EQ(search("2.4", "zvi00"), (Outcome{failure, "(none)", missing}));
+    EXPECT_EQ(search("2.4", settings_24g), (Outcome{failure, "(none)", missing}));
     testing::internal::CaptureStderr();
     EXPECT_EQ(ZAV_ParseChannelInfo(), failure);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
@@ -127,8 +127,8 @@ TEST_F(ChannelInfo, MissingFileAndKeysFailTheBand) {
 
     write_file(info_file, "[US]\n2.4G 20MHz: a(1)\n5.2G 20MHz: a(36)\n");
     start_with("UseChannelInfo=1\nHT_BW=0\n", "UseChannelInfo=1\nCountryCode=US\n");
-    EXPECT_EQ(search("2.4", "zvi00"), (Outcome{failure, "(none)", ""}));
-    EXPECT_EQ(search("5.2", "zv00"), (Outcome{failure, "(none)", ""}));
+    EXPECT_EQ(search("2.4", settings_24g), (Outcome{failure, "(none)", ""}));
+    EXPECT_EQ(search("5.2", settings_5g), (Outcome{failure, "(none)", ""}));
     EXPECT_EQ(searched("[US]\n2.4G 20MHz: a(1)\n", "US", "2"),
               (Outcome{success, "1,0", "HT_BW NVRAM key is not valid: Invalid argument\n"}));
 
@@ -151,14 +151,14 @@ TEST_F(ChannelInfo, GoesIntoBothBandsAndReplacesWhatIsThere) {
     write_file("/tmp/nvram_set_lock", "");
     write_file(info_file, "[US]\n2.4G 20MHz: a(8)\n");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), failure) << "the settings are locked";
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", settings_24g), failure) << "the settings are locked";
     std::filesystem::remove("/tmp/nvram_set_lock");
     write_file(info_file, "[US]\n2.4G 20MHz: a(b)\n");
-    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), success);
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", settings_24g), success);
     EXPECT_EQ(lines_of(file_24g), lines + "OverwriteChannelList=\nA=1\n") << "what was there is emptied";
     std::filesystem::remove(info_file);
     std::filesystem::create_directory(info_file);
-    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), failure) << "it cannot be read";
+    EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", settings_24g), failure) << "it cannot be read";
     (void)testing::internal::GetCapturedStderr();
 }
 
@@ -166,12 +166,12 @@ TEST(Channels, TheListIsRemovedWhereTheFileIsNotUsed) {
     for (const std::string use : {"", "UseChannelInfo=0\n"}) {
         start_with(use + "OverwriteChannelList=1,0\nA=1\nOverwriteChannelList=2,0\n",
                    "OverwriteChannelList=3,0\n");
-        EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", "zvi00"), success);
+        EXPECT_EQ(ZAV_ChannelsForBandSet("2.4", settings_24g), success);
         EXPECT_EQ(lines_of(file_24g) + lines_of(file_5g), use + "A=1\nOverwriteChannelList=3,0\n");
     }
     write_file("/tmp/nvram_set_lock", "");
     testing::internal::CaptureStderr();
-    EXPECT_EQ(RemoveChannelInfoFromNvram("zv00"), failure);
+    EXPECT_EQ(RemoveChannelInfoFromNvram(settings_5g), failure);
     EXPECT_EQ(testing::internal::GetCapturedStderr(), "[ZAV-API] Error RemoveChannelInfoFromNvram "
                                                       "ZAV750*.dat file is used now, strerror: Success\n");
     std::filesystem::remove("/tmp/nvram_set_lock");
@@ -189,14 +189,14 @@ TEST(Channels, NoSettingIsLostWhileTheListIsRemoved) {
     setenv("PATH", (std::string("/tmp/bin:") + path).c_str(), 1);
     start_with("OverwriteChannelList=1,0\nA=1\n", "");
     Status removed = failure;
-    std::jthread remover([&] { removed = RemoveChannelInfoFromNvram("zvi00"); });
+    std::jthread remover([&] { removed = RemoveChannelInfoFromNvram(settings_24g); });
     while (!std::filesystem::exists("/tmp/sed_began"))
         std::this_thread::sleep_for(std::chrono::milliseconds(5));
-    EXPECT_EQ(nvram_set_str("zvi00", "A", "2"), success);
+    EXPECT_EQ(nvram_set_str(settings_24g, "A", "2"), success);
     remover.join();
     EXPECT_EQ(removed, success) << "its exit status does not count";
     EXPECT_EQ(lines_of(file_24g), "A=2\n");
-    EXPECT_EQ(RemoveChannelInfoFromNvram("zvi00"), success);
+    EXPECT_EQ(RemoveChannelInfoFromNvram(settings_24g), success);
     EXPECT_EQ(read_file("/tmp/sed_began"), "\n") << "nothing to remove, nothing to run";
 }
 

@@ -111,7 +111,7 @@ static std::string dispatch(unsigned number, const std::string &sent) {
 }
 
 TEST(Dispatch, AnswersEveryRequest) {
-    std::tie(BssidNumZvi00, BssidNumZv00) = std::tuple(3, 4);
+    set_known_driver(DriverState::stopped, {3, 4});
     const std::string rates = words({1, 2, 0x31320000});
     EXPECT_EQ(dispatch(NULLPROC, ""), "0");
     EXPECT_EQ(dispatch(4, ""), "0" + words({0, 4, 7, 0, 0, 0, 0}) + "f");

@@ -28,7 +28,7 @@ constexpr char file_head[] = "#\nBssidNum=8\n";
 inline void start_with(const std::string &lines_24g, const std::string &lines_5g) {
     write_file(file_24g, file_head + lines_24g);
     write_file(file_5g, file_head + lines_5g);
-    BssidNumZvi00 = BssidNumZv00 = 0;
+    set_known_driver();
 }
 
 // What a file has behind its head.

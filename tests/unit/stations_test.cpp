@@ -1,6 +1,7 @@
 // The driver's table of stations and counters, and the protocol's records of them, to the byte.
 
 #include "api/stations.h"
+#include "api/unreached.h"
 #include "driver_double.h"
 
 #include <climits>

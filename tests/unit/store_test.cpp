@@ -1,5 +1,6 @@
 #include "backend/config_store.h"
 #include "backend/result_file.h"
+#include "backend/unreached.h"
 
 #include <csignal>
 #include <filesystem>
@@ -17,9 +18,9 @@ constexpr char file_24g[] = "/tmp/store/ZAV75024g.dat", file_5g[] = "/tmp/store/
 
 static void write_file(const char *path, const std::string &text) { std::ofstream(path) << text; }
 
-static std::string get(const char *ifname, const std::string &key, std::size_t room = 16384) {
+static std::string get(const SettingsFile &file, const std::string &key, std::size_t room = 16384) {
     std::string value(16384, '~');
-    const Status result = nvram_get_str(ifname, key.c_str(), std::span(value).first(room));
+    const Status result = nvram_get_str(file, key, std::span(value).first(room));
     return result == success ? value.c_str() : "(none)";
 }
 
@@ -32,7 +33,7 @@ static void check_set(const std::string &text, const std::string &key, const std
     std::filesystem::last_write_time(file_24g, earlier);
     std::ifstream opened_before(file_24g);
     std::string found;
-    EXPECT_EQ(nvram_set_str("zvi00", key.c_str(), value.c_str()), status);
+    EXPECT_EQ(nvram_set_str(settings_24g, key, value.c_str()), status);
     EXPECT_EQ(std::filesystem::last_write_time(file_24g) == earlier, status != success);
     EXPECT_TRUE(std::getline(opened_before, found, '\0') && found == expected) << found.substr(0, 50);
 }
@@ -44,8 +45,8 @@ TEST(Store, SetsOneLineAndKeepsTheRest) {
     check_set("A=1\nB=1", "A", "1", success, "A=1\nB=1\nA=1\n");
     check_set("#\nA=" + much + "\nB=2\n", "A", much + "2", success, "#\nA=" + much + "2\nB=2\n");
     check_set("#\nA=" + much + "\nB=2\n", "A", much, unchanged, "#\nA=" + much + "\nB=2\n");
-    EXPECT_EQ(get("zvi03", "A", 5), "oooo");
-    EXPECT_EQ(get("zvi03", "A", 0), std::string(16384, '~'));
+    EXPECT_EQ(get(settings_24g, "A", 5), "oooo");
+    EXPECT_EQ(get(settings_24g, "A", 0), std::string(16384, '~'));
 }
 
 TEST(Store, RefusesWhatTheFileCannotHoldAndAnyWriteUnderTheLock) {
@@ -70,17 +71,18 @@ TEST(Store, RefusesWhatTheFileCannotHoldAndAnyWriteUnderTheLock) {
 // Each thread writes one letter in every length, and may find only the letters of its own file.
 TEST(Store, NeverMixesTheTextsOfTwoFiles) {
     std::atomic<int> wrong = 0;
-    const auto work = [&](const char *ifname, char letter, const char *letters) {
+    const auto work = [&](const SettingsFile &file, char letter, const char *letters) {
         for (std::size_t i = 0; i < 400; ++i) {
-            wrong += nvram_set_str(ifname, "A", std::string(1 + i % 97, letter).c_str()) == failure;
-            wrong += get(ifname, "A").find_first_not_of(letters) != std::string::npos;
+            wrong += nvram_set_str(file, "A", std::string(1 + i % 97, letter).c_str()) == failure;
+            wrong += get(file, "A").find_first_not_of(letters) != std::string::npos;
         }
     };
     write_file(file_24g, "#24\nA=a\n");
     write_file(file_5g, "#5\nA=x\n");
     std::vector<std::jthread> threads;
     for (const char letter : {'a', 'b', 'x', 'y'})
-        threads.emplace_back(work, letter < 'x' ? "zvi00" : "zv00", letter, letter < 'x' ? "ab" : "xy");
+        threads.emplace_back(work, letter < 'x' ? settings_24g : settings_5g, letter,
+                             letter < 'x' ? "ab" : "xy");
     threads.clear();
     EXPECT_EQ(wrong, 0);
 }
@@ -94,7 +96,7 @@ TEST(Store, KeepsTheOldTextOnAFullDisk) {
         write_file(file_24g, text);
         const rlimit usual{RLIM_INFINITY, RLIM_INFINITY}, small{longest_file, RLIM_INFINITY};
         setrlimit(RLIMIT_FSIZE, &small);
-        EXPECT_EQ(nvram_set_str("zvi00", "A", std::string(3000, 'v').c_str()), failure) << type;
+        EXPECT_EQ(nvram_set_str(settings_24g, "A", std::string(3000, 'v').c_str()), failure) << type;
         setrlimit(RLIMIT_FSIZE, &usual);
         std::string found;
         EXPECT_TRUE(std::getline(std::ifstream(file_24g), found, '\0') && found == text) << type;

@@ -1,7 +1,6 @@
 #include "api/site_survey.h"
 #include "api/worker.h"
 #include "backend/interfaces.h"
-#include "backend/lifecycle.h"
 
 #include <algorithm>
 #include <cerrno>
@@ -13,7 +12,7 @@
 
 // Instead of the real one: runs the worker's body at once, or refuses.
 static bool no_thread_left = false;
-bool start_worker(pthread_t *, void *(*body)(void *), void *argument) {
+bool start_worker(void *(*body)(void *), void *argument) {
     errno = EAGAIN;
     return !no_thread_left && body(argument) == nullptr;
 }
@@ -23,10 +22,7 @@ namespace {
 
 constexpr int on_24g = 1, on_5g = 9;
 
-void set_up() {
-    BssidNumZvi00 = BssidNumZv00 = 8;
-    driver_initialised = true;
-}
+void set_up() { set_known_driver(DriverState::initialised, {8, 8}); }
 
 std::unique_ptr<SurveyAnswer> answer_of(const std::string &bytes) {
     auto answer = std::make_unique<SurveyAnswer>();
@@ -88,7 +84,7 @@ TEST(Survey, IsConvertedByteForByte) {
         for (const int count : {0, 1, 63, 64, 65, 255}) {
             SCOPED_TRACE(std::to_string(zero_every) + " " + std::to_string(count));
             block[0] = static_cast<char>(count);
-            publish_survey(true, *answer_of(block));
+            publish_survey(Radio::band_24g, *answer_of(block));
             ASSERT_EQ(answered(on_24g), on_the_wire(block));
         }
     }
@@ -98,10 +94,10 @@ TEST(Survey, IsConvertedByteForByte) {
 TEST(Survey, IsReadWhole) {
     set_up();
     const std::string ones(8232, '\1'), twos(8232, '\2');
-    publish_survey(false, *answer_of(ones));
+    publish_survey(Radio::band_5g, *answer_of(ones));
     std::thread writer([&] {
         for (int i = 0; i < 3000; ++i)
-            publish_survey(false, *answer_of(i % 2 == 0 ? twos : ones));
+            publish_survey(Radio::band_5g, *answer_of(i % 2 == 0 ? twos : ones));
     });
     const auto block = std::make_unique<SurveyBlock>();
     unsigned count = 0;
@@ -126,12 +122,12 @@ TEST(Survey, FailsWithItsDriverOrItsThread) {
     EXPECT_EQ(wlan_ApSiteSurvey(on_24g), failure);
     no_thread_left = false;
     EXPECT_EQ(std::pair(status(on_24g), status(on_5g)), std::pair(scan_failed, scan_never));
-    publish_survey(false, *answer_of(std::string(8232, '\1')));
+    publish_survey(Radio::band_5g, *answer_of(std::string(8232, '\1')));
     EXPECT_EQ(wlan_ApSiteSurvey(on_5g), success) << "no such interface here, so the driver does not answer";
     EXPECT_EQ(status(on_5g), scan_failed);
     EXPECT_EQ(answered(on_5g), std::string(8196, '\0'));
     for (const unsigned value : {scan_running, 4U, 0xFFFFFFFF})
-        set_ap_scan_thread_status(-1, value);
+        set_ap_scan_thread_status(Radio::band_24g, value);
     EXPECT_EQ(status(on_24g + 7), scan_running);
     EXPECT_EQ(wlan_ApSiteSurvey(on_24g), failure) << "busy";
     EXPECT_EQ(wlan_ApSiteSurvey(on_5g), success);

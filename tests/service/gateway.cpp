@@ -9,7 +9,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
-#include <fstream>
 #include <linux/close_range.h>
 #include <poll.h>
 #include <stdexcept>
@@ -72,15 +71,6 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
     for (const std::uint32_t number : numbers)
         reply += word(number);
     return reply + xdr_text(data);
-}
-
-std::string read_file(const std::string &path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-void write_file(const std::string &path, std::string_view text) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
 bool await(const std::function<bool()> &come_true, std::chrono::seconds patience) {

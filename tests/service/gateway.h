@@ -1,5 +1,7 @@
 #pragma once
 
+#include "files.h"
+
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
@@ -32,9 +34,6 @@ private:
 std::string word(std::uint32_t value);
 std::string xdr_text(std::string_view bytes);
 std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std::string_view data);
-
-std::string read_file(const std::string &path);
-void write_file(const std::string &path, std::string_view text);
 
 bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(20));
 

@@ -249,6 +249,13 @@ TEST(Hostile, AnnouncedLengthsAreNotBelieved) {
 TEST(Hostile, LongTextsAreStoredOrRefusedWhole) {
     Gateway gateway;
     const std::string text(8000, 'x');
+    const auto limit_files = [&](rlim_t longest) {
+        const rlimit limit{longest, RLIM_INFINITY};
+        prlimit(gateway.daemon().id(), RLIMIT_FSIZE, &limit, nullptr);
+    };
+    limit_files(4096);
+    EXPECT_EQ(gateway.call(set_max_bitrate, word(1) + xdr_text(text)), word(0xFFFFFFFF)); // and goes on
+    limit_files(RLIM_INFINITY);
     EXPECT_EQ(gateway.call(set_max_bitrate, word(1) + xdr_text(text)), word(0));
     EXPECT_NE(settings(gateway).find("\nMaxBitRate=" + text + "\n"), std::string::npos);
     const std::string before = settings(gateway);

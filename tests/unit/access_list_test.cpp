@@ -1,27 +1,14 @@
 #include "security/access_list.h"
 
 #include "security/access_list_text.h"
+#include "settings_files.h"
 
 #include <array>
 #include <cstdio>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
-
-// The store asks for its directory once, so it stands before the first test.
-[[maybe_unused]] static const bool directory_made =
-    setenv("zav_cfg_dir", "/tmp/store", 1) == 0 && std::filesystem::create_directory("/tmp/store");
 
 static std::string settings(const std::string &macs, const std::string &names) {
     return "#\nBssidNum=8\nAccessControlList1=" + macs + "\nNameListPerMAC1=" + names + "\n";
-}
-
-static void write_settings(const std::string &text) { std::ofstream("/tmp/store/ZAV75024g.dat") << text; }
-
-static std::string read_settings() {
-    std::string text;
-    std::getline(std::ifstream("/tmp/store/ZAV75024g.dat"), text, '\0');
-    return text;
 }
 
 static std::string mac(int number) {
@@ -44,25 +31,28 @@ TEST(AccessListText, IsSplitAndJoined) {
     EXPECT_EQ(ParseStringForTok("", two, ';'), 0);
     EXPECT_EQ(ParseStringForTok(";", two, ';'), 2);
     EXPECT_EQ(ParseStringForTok("a;b;", two, ';'), -1);
-    EXPECT_TRUE(ParseStringForTok("a;b", two, ';') == 2 && two[0] == "a" && two[1] == "b");
+    EXPECT_EQ(ParseStringForTok("a;b", two, ';'), 2);
+    EXPECT_EQ(two, (std::array<std::string_view, 2>{"a", "b"}));
     std::string list = "old";
     EXPECT_EQ(BuildAccessListString(two, &list, static_cast<AccessListMode>(2), "c", 0), failure);
-    EXPECT_TRUE(IS_HEX("") && IS_HEX("09afAF:") && !IS_HEX("g") && !IS_HEX("a;"));
+    for (const auto &[text, is_hex] : {std::pair("", true), {"09afAF:", true}, {"g", false}, {"a;", false}})
+        EXPECT_EQ(IS_HEX(text), is_hex) << text;
 }
 
 TEST(AccessList, Holds64EntriesWithNamesOf30Characters) {
-    write_settings(settings("", ""));
+    write_file(file_24g, settings("", ""));
     const std::string name(30, 'n');
     for (int i = 0; i < 64; ++i)
         ASSERT_EQ(add(i, name), success) << i;
-    const std::string full = read_settings();
+    const std::string full = read_file(file_24g);
     EXPECT_EQ(listing().size(), 64 * (17 + 1 + 30 + 1));
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(add(64, "") == failure && add(63, "other") == unchanged);
+    EXPECT_EQ(add(64, ""), failure);
+    EXPECT_EQ(add(63, "other"), unchanged);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_SetMacAddressControlAdd ERROR: access list is full, cannot add more "
               "MACs.\n");
-    EXPECT_EQ(read_settings(), full);
+    EXPECT_EQ(read_file(file_24g), full);
 }
 
 // Names that another program stored can be longer than those that are added here.
@@ -73,9 +63,9 @@ TEST(AccessList, RefusesAnAddThatTheListingOrTheFileCannotTake) {
     const auto check = [](const std::string &before, std::size_t size, Status expected, char last = '\n') {
         const std::string text = before + "P=" + std::string(size - before.size() - 3, 'p') + last;
         SCOPED_TRACE(before.substr(0, 60) + " " + std::to_string(size));
-        write_settings(text);
+        write_file(file_24g, text);
         EXPECT_EQ(add(2, "new"), expected);
-        EXPECT_EQ(read_settings() == text, expected != success) << "an add is done whole or not at all";
+        EXPECT_EQ(read_file(file_24g) == text, expected != success) << "an add is done whole or not at all";
     };
     check(settings(mac(1), fits), 8000, success);
     EXPECT_EQ(listing().size(), 3199);
@@ -87,9 +77,9 @@ TEST(AccessList, RefusesAnAddThatTheListingOrTheFileCannotTake) {
     check(none, 16383 - two_lines + 1, failure);
     check(none, 16383 - two_lines - 1, success, 'p'); // the last line is open and gets its line feed
     check(none, 16383 - two_lines, failure, 'p');
-    write_settings(settings(mac(1), std::string(3199 - 19, 'x')));
+    write_file(file_24g, settings(mac(1), std::string(3199 - 19, 'x')));
     EXPECT_EQ(listing().size(), 3199);
-    write_settings(settings(mac(1), std::string(3199 - 18, 'x')));
+    write_file(file_24g, settings(mac(1), std::string(3199 - 18, 'x')));
     EXPECT_EQ(listing(), "failure");
 }
 
@@ -114,21 +104,21 @@ TEST(AccessList, DeletesWhateverTheListsHold) {
     };
     for (const Row &row : rows) {
         SCOPED_TRACE(std::to_string(row.number) + " of " + row.macs.substr(0, 60) + " | " + row.names);
-        write_settings(settings(row.macs, row.names));
+        write_file(file_24g, settings(row.macs, row.names));
         EXPECT_EQ(ZAV_SetMacAddressControlDelete(2, mac(row.number).c_str(), {}), row.status);
-        EXPECT_EQ(read_settings(), settings(row.left_macs, row.left_names));
+        EXPECT_EQ(read_file(file_24g), settings(row.left_macs, row.left_names));
     }
 }
 
 TEST(AccessList, AddsAnAddressAndFailsWhereTheNamesDoNotMatch) {
     const std::string many(64, ';'), long_names = many + std::string(4000, 'n');
-    write_settings(settings("", ""));
+    write_file(file_24g, settings("", ""));
     EXPECT_EQ(add(1, ""), success);
     EXPECT_EQ(add(2, "second"), failure) << "an empty name alone makes no list of names";
-    EXPECT_EQ(read_settings(), settings(mac(1) + ";" + mac(2), ""));
-    write_settings(settings(mac(1), long_names));
+    EXPECT_EQ(read_file(file_24g), settings(mac(1) + ";" + mac(2), ""));
+    write_file(file_24g, settings(mac(1), long_names));
     EXPECT_EQ(add(2, "x"), failure);
-    EXPECT_EQ(read_settings(), settings(mac(1) + ";" + mac(2), long_names));
-    write_settings(settings("0" + mac(1), "a"));
+    EXPECT_EQ(read_file(file_24g), settings(mac(1) + ";" + mac(2), long_names));
+    write_file(file_24g, settings("0" + mac(1), "a"));
     EXPECT_EQ(add(1, "x"), unchanged) << "stands in the text";
 }

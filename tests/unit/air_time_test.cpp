@@ -2,7 +2,9 @@
 
 #include "api/air_time.h"
 #include "api/radio_statistics.h"
+#include "backend/driver_channel.h"
 #include "driver_double.h"
+#include "observed.h"
 #include "rrm/air_time.h"
 #include "rrm/driver_data.h"
 #include "rrm/unreached.h"
@@ -10,7 +12,6 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -26,17 +27,6 @@ static void give_stations(const std::vector<unsigned char> &numbers) {
     }
     driver::start();
     driver::answers[15] = table;
-}
-
-// The debug lines of an action.
-template <class Action>
-static std::string said_by(Action action) {
-    std::ofstream("/tmp/wlandbg") << "";
-    testing::internal::CaptureStdout();
-    action();
-    std::fflush(stdout);
-    std::remove("/tmp/wlandbg");
-    return testing::internal::GetCapturedStdout();
 }
 
 // So many 32-bit words, each telling its place.
@@ -58,14 +48,31 @@ TEST(Command, TakesOneOfTwoRequests) {
     EXPECT_EQ(driver::asked, (Lines{"17 zv00 fairness.-b.2.40 17", "6 zv00 RadioStat.-a.5 15"}));
 }
 
+// As long as a request can say.
+TEST(Command, IsAnsweredInUpTo65535Bytes) {
+    InterfaceName ifname{"zv00"};
+    std::string bytes(65535, 'a'), got(bytes.size(), '~');
+    driver::start();
+    driver::answers = {{6, bytes}, {17, bytes}};
+    EXPECT_EQ(
+        ask_private("who", ifname, {PrivateRequest::statistics}, std::as_writable_bytes(std::span(got))),
+        success);
+    EXPECT_EQ(got, bytes);
+    got += '~';
+    EXPECT_EQ(
+        ask_private("who", ifname, {PrivateRequest::statistics}, std::as_writable_bytes(std::span(got))),
+        failure);
+    EXPECT_EQ(ZAV_Show(1, "Channel", got), success);
+    EXPECT_EQ(got.c_str(), bytes.substr(1));
+}
+
 TEST(Stations, AreFoundByPlaceAndAddressUnderTheNumberOfTheDriver) {
     give_stations({7, 31, 32, 255});
     unsigned number = 99;
-    EXPECT_TRUE(ZAV_GetZavinoStaIndexByStaIndex(1, 0, &number) == success && number == 7);
-    EXPECT_TRUE(ZAV_GetZavinoStaIndexByStaIndex(1, 1, &number) == success && number == 31);
-    EXPECT_TRUE(ZAV_GetZavinoStaIndexByMac(1, "00:00:5e:00:53:a0", &number) == success && number == 7);
-    EXPECT_TRUE(ZAV_GetZavinoStaIndexByMac(1, "00:00:5E:00:53:A1", &number) == success && number == 31);
-    number = 99;
+    EXPECT_EQ(answer(ZAV_GetZavinoStaIndexByStaIndex, 1, 0), Answer(success, 7));
+    EXPECT_EQ(answer(ZAV_GetZavinoStaIndexByStaIndex, 1, 1), Answer(success, 31));
+    EXPECT_EQ(answer(ZAV_GetZavinoStaIndexByMac, 1, "00:00:5e:00:53:a0"), Answer(success, 7));
+    EXPECT_EQ(answer(ZAV_GetZavinoStaIndexByMac, 1, "00:00:5E:00:53:A1"), Answer(success, 31));
     for (const int place : {2, 3, 4, -1, INT_MAX, INT_MIN})
         EXPECT_EQ(ZAV_GetZavinoStaIndexByStaIndex(1, place, &number), failure) << place;
     for (const char *mac : {"00:00:5E:00:53:A2", "00:00:5E:00:53:A", "00:00:00:00:00:00", ""})
@@ -146,7 +153,8 @@ static std::vector<std::uint64_t> shares(const std::vector<std::uint64_t> &first
     std::memset(info.get(), '~', sizeof *info);
     EXPECT_EQ(wlan_getBSSAirTimeManagementInfo(9, info.get()), success);
     EXPECT_EQ(std::memcmp(info->values, &block[4096], sizeof info->values), 0);
-    EXPECT_TRUE(info->totals[0] == first[0] && info->totals[15] == last);
+    EXPECT_EQ(info->totals[0], first[0]);
+    EXPECT_EQ(info->totals[15], last);
     return {std::begin(info->shares), std::end(info->shares)};
 }
 
@@ -165,8 +173,7 @@ TEST(AirTime, IsSharedInPercent) {
 
 TEST(Weights, OfStationsAreEqual) {
     give_stations({1, 2, 3});
-    unsigned weight = 0;
-    EXPECT_TRUE(wlan_getStaWeight(1, "", &weight) == success && weight == 33);
+    EXPECT_EQ(answer(wlan_getStaWeight, 1, ""), Answer(success, 33));
     EXPECT_EQ(wlan_getStaWeight(1, "", nullptr), failure);
 }
 
@@ -198,6 +205,7 @@ TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
          "wrong mac address or mac address format: 00:00:5E:00:53\n"},
         {a1 + ",40;00:00:5E", a2, 1, failure, a1 + ",40;00:00:5E", "",
          "Wrong format, can't parse [1]: 00:00:5E...\n"},
+        {a1 + ",40 x;" + a2 + ",20;", a2, 1, success, a2 + ",1;", ""}, // the list ends where it goes wrong
         {thirty_one, a2, 1, success, thirty_one + a2 + ",1;", ""},
         {thirty_one + a2 + ",1;", "AA:BB:CC:DD:EE:FF", 1, failure, thirty_one + a2 + ",1;", "",
          "Buffer overflow, while reading from the parameter\n"},
@@ -206,60 +214,63 @@ TEST(Weights, OfStationsAreChangedAddedAndRemoved) {
     };
     setenv("zav_cfg_dir", "/tmp", 1);
     for (const auto &row : rows) {
-        std::ofstream("/tmp/ZAV75024g.dat") << "#\nStaWeights=" << row.stored << "\nB=1\n";
+        write_file("/tmp/ZAV75024g.dat", "#\nStaWeights=" + row.stored + "\nB=1\n");
         give_stations({0, 31});
         driver::answers[17] = "";
         const std::string said = said_by([&] {
             EXPECT_EQ(zavChangeOrRemoveStaWeight(1, row.mac.c_str(), row.weight), row.result) << row.stored;
         });
         EXPECT_NE(said.find(row.said.empty() ? "" : who + row.said), said.npos) << said;
-        std::string stored;
-        std::getline(std::ifstream("/tmp/ZAV75024g.dat"), stored, '\0');
-        EXPECT_EQ(stored, "#\nStaWeights=" + row.after + "\nB=1\n");
+        EXPECT_EQ(read_file("/tmp/ZAV75024g.dat"), "#\nStaWeights=" + row.after + "\nB=1\n");
         const std::string told = driver::asked.size() < 2 ? "" : driver::asked[1];
         EXPECT_EQ(told.substr(0, told.rfind(' ')), row.command.empty() ? "" : "17 atm24g " + row.command);
     }
     EXPECT_EQ(zavChangeOrRemoveStaWeight(17, a1.c_str(), 1), failure);
-    std::ofstream("/tmp/ZAV75024g.dat") << "#\n";
+    write_file("/tmp/ZAV75024g.dat", "#\n");
     EXPECT_TRUE(said_by([&] {
                     EXPECT_EQ(zavChangeOrRemoveStaWeight(1, a1.c_str(), 1), failure);
                 }).ends_with(who + "Can't get StaWeights parameter from NVRAM\n"));
 }
 
 TEST(RadioStatistics, StandAtTheirPlaces) {
-    std::string answer(344, '\0');
-    for (std::size_t at = 0; at < answer.size(); ++at)
-        answer[at] = static_cast<char>(at + at / 256);
+    std::string block(344, '\0');
+    for (std::size_t at = 0; at < block.size(); ++at)
+        block[at] = static_cast<char>(at + at / 256);
     const auto number = [&](std::size_t at, std::size_t width) {
         std::uint64_t value = 0;
         for (std::size_t i = width; i-- > 0;)
-            value = value << 8 | static_cast<unsigned char>(answer[at + i]);
+            value = value << 8 | static_cast<unsigned char>(block[at + i]);
         return value;
     };
     driver::start();
-    driver::answers[6] = answer;
-    unsigned a = 0, b = 0, c = 0, metric = 0;
-    int n1 = 0, n2 = 0, n3 = 0, n4 = 0;
+    driver::answers[6] = block;
+    std::array<unsigned, 3> channel{};
+    std::array<int, 4> noise{};
     std::uint64_t sent = 0, received = 0;
     RssiTable table{};
-    EXPECT_EQ(wlan_getChannelStatistics(10, &a, &b, &c), success);
+    EXPECT_EQ(wlan_getChannelStatistics(10, &channel[0], &channel[1], &channel[2]), success);
     EXPECT_EQ(driver::asked, Lines{"6 zv01 RadioStat.-o 500"});
-    EXPECT_TRUE(a == number(0, 4) && b == number(4, 4) && c == number(8, 4));
-    EXPECT_EQ(wlan_getChannelNoiseFloor(1, &n1, &n2, &n3, &n4), success);
-    EXPECT_TRUE(n1 == static_cast<int>(number(12, 4)) && n2 == static_cast<int>(number(16, 4)) &&
-                n3 == static_cast<int>(number(20, 4)) && n4 == static_cast<int>(number(340, 4)));
-    EXPECT_TRUE(wlan_getRadioTxPackets(1, &sent) == success && sent == number(24, 8));
-    EXPECT_TRUE(wlan_getRadioRxPackets(1, &received) == success && received == number(32, 8));
-    EXPECT_TRUE(wlan_getRetransmissionMetric(1, &metric) == success && metric == number(40, 4));
+    EXPECT_EQ(wlan_getChannelNoiseFloor(1, &noise[0], &noise[1], &noise[2], &noise[3]), success);
+    for (std::size_t i = 0; i < 3; ++i) {
+        EXPECT_EQ(channel[i], number(4 * i, 4)) << i;
+        EXPECT_EQ(noise[i], static_cast<int>(number(12 + 4 * i, 4))) << i;
+    }
+    EXPECT_EQ(noise[3], static_cast<int>(number(340, 4)));
+    EXPECT_EQ(wlan_getRadioTxPackets(1, &sent), success);
+    EXPECT_EQ(sent, number(24, 8));
+    EXPECT_EQ(wlan_getRadioRxPackets(1, &received), success);
+    EXPECT_EQ(received, number(32, 8));
+    EXPECT_EQ(answer(wlan_getRetransmissionMetric, 1), Answer(success, number(40, 4)));
     EXPECT_EQ(wlan_getRSSITable(1, &table), success);
     for (std::size_t i = 0; i < table.size(); ++i)
         EXPECT_EQ(static_cast<std::uint64_t>(table[i]), number(44 + 8 * i, 8)) << i;
 
     const std::size_t asked = driver::asked.size();
-    EXPECT_TRUE(wlan_getChannelStatistics(1, &a, nullptr, &c) == failure &&
-                wlan_getChannelNoiseFloor(1, &n1, &n2, &n3, nullptr) == failure &&
-                wlan_getRadioTxPackets(1, nullptr) == failure && wlan_getRSSITable(1, nullptr) == failure &&
-                wlan_getRSSITable(17, &table) == failure);
+    EXPECT_EQ(wlan_getChannelStatistics(1, &channel[0], nullptr, &channel[2]), failure);
+    EXPECT_EQ(wlan_getChannelNoiseFloor(1, &noise[0], &noise[1], &noise[2], nullptr), failure);
+    EXPECT_EQ(wlan_getRadioTxPackets(1, nullptr), failure);
+    EXPECT_EQ(wlan_getRSSITable(1, nullptr), failure);
+    EXPECT_EQ(wlan_getRSSITable(17, &table), failure);
     EXPECT_EQ(said_by([&] { (void)wlan_getRSSITable(1, nullptr), (void)wlan_getRadioTxPackets(1, nullptr); }),
               "[ZAV-API] ZAV_GetRSSITable entry (index=1).\n"
               "[ZAV-API] ZAV_GetRSSITable RSSI Table is not initialized\n"
@@ -267,7 +278,8 @@ TEST(RadioStatistics, StandAtTheirPlaces) {
               "[ZAV-API] ZAV_GetRadioTxPackets Channel Statistics is not initialized\n");
     EXPECT_EQ(driver::asked.size(), asked);
     driver::answers.clear();
-    EXPECT_TRUE(wlan_getRadioTxPackets(1, &sent) == failure && sent == number(24, 8)) << "untouched";
+    EXPECT_EQ(wlan_getRadioTxPackets(1, &sent), failure);
+    EXPECT_EQ(sent, number(24, 8)) << "untouched";
 }
 
 TEST(AccessCategories, ArePrintedWithTheirSum) {

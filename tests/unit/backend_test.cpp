@@ -10,30 +10,22 @@
 #include "backend/settings_by_index.h"
 #include "backend/shell.h"
 #include "backend/unreached.h"
+#include "files.h"
 #include "radio/bss_enable.h"
 
 #include <atomic>
 #include <cerrno>
 #include <climits>
 #include <csignal>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
 
-static void write_file(const char *name, const std::string &text) { std::ofstream(name) << text; }
-
 static std::string join(std::initializer_list<std::string_view> pieces) {
     std::string text;
     for (const std::string_view piece : pieces)
         text += piece;
-    return text;
-}
-
-static std::string read_text(const char *name) {
-    std::string text;
-    std::getline(std::ifstream(name), text, '\0');
     return text;
 }
 
@@ -68,18 +60,22 @@ TEST(Interfaces, HaveOneMeaningForEachIndex) {
     }
     unsigned first = 99;
     EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(nullptr, &first, 5), failure);
-    EXPECT_TRUE(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5) == failure && first == 5);
+    EXPECT_EQ(ZAV_GetNumberOfEntriesPerInf(&first, nullptr, 5), failure);
+    EXPECT_EQ(first, 5);
     InterfaceName name, air_time;
     Bss bss;
     name.fill('~');
     air_time.fill('~');
-    EXPECT_TRUE(GET_IFNAME_FROM_INDEX(&name, 5, nullptr) == success && name == InterfaceName{"zv00"});
+    EXPECT_EQ(GET_IFNAME_FROM_INDEX(&name, 5, nullptr), success);
+    EXPECT_EQ(name, InterfaceName{"zv00"});
     EXPECT_EQ(GET_ATM_IFNAME_FROM_INDEX(&air_time, 5, nullptr), success);
     EXPECT_EQ(air_time, InterfaceName{"atm5g"}) << "a request carries all 16 bytes";
     EXPECT_EQ(ZAV_getIfNameByIndex(5, &bss), failure) << "the driver is not initialised";
     set_driver_state(DriverState::initialised);
-    EXPECT_TRUE(ZAV_getIfNameByIndex(5, &bss) == success && bss.name == name);
-    EXPECT_TRUE(ZAV_is5g(bss) == 1 && ZAV_is24g(bss) == 0);
+    EXPECT_EQ(ZAV_getIfNameByIndex(5, &bss), success);
+    EXPECT_EQ(bss.name, name);
+    EXPECT_EQ(ZAV_is5g(bss), 1);
+    EXPECT_EQ(ZAV_is24g(bss), 0);
 }
 
 TEST(Interfaces, TakeTheirCountsFromTheFilesOnce) {
@@ -171,13 +167,14 @@ TEST(Driver, GetsCommandsOnceItIsInitialised) {
     EXPECT_EQ(ZAV_Set(1, "TxPower=50"), success);
     EXPECT_EQ(ZAV_InterfaceUp(1), success);
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(ZAV_Set(0, "TxPower=60") == failure && ZAV_Set(1, "A=1") == failure);
+    EXPECT_EQ(ZAV_Set(0, "TxPower=60"), failure);
+    EXPECT_EQ(ZAV_Set(1, "A=1"), failure);
     EXPECT_EQ(run_command("who", "exit 1"), failure);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_Set invalid interface index: 0\n"
               "[ZAV-API] Error ZAV_Set zvi00: ioctl failed Input/output error (5).\n"
               "[ZAV-API] Error who command failed (rc=256,WEXITSTATUS=1).\n");
-    EXPECT_EQ(read_text("log"), "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
+    EXPECT_EQ(read_file("log"), "set zvi00 TxPower=50\ntool ifconfig zvi00 up\nset zvi00 A=1\n");
 }
 
 TEST(Driver, AnswersWithATerminatedTextThatFits) {
@@ -216,7 +213,7 @@ TEST(BssIdentity, GivesTheBitRateInMegabits) {
     EXPECT_EQ(rate(10), "failure");
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_GetMaxBitRate ioctl failed Operation not supported (95).\n");
-    EXPECT_EQ(read_text("log"), "rate zv01\nrate zv01\n");
+    EXPECT_EQ(read_file("log"), "rate zv01\nrate zv01\n");
 }
 
 TEST(BssIdentity, MasksTheFirstOctetByTheCount) {
@@ -242,7 +239,8 @@ TEST(BssIdentity, MasksTheFirstOctetByTheCount) {
             << bss << " of " << count;
     for (const char *base : {"-1:-1:-1:-1:-1:-1", "0x:11:22:33:44:55", " 1:11:22:33:44:55",
                              "00:11:22:33:44:", "00:11:22:33:44", "00-11-22-33-44-55", "001:1:22:33:44:55"})
-        EXPECT_TRUE(bssid(base, 8, 2) == "failure" && bssid(base, 8, 2, 0) == "failure") << base;
+        for (const int rule : {0, 1})
+            EXPECT_EQ(bssid(base, 8, 2, rule), "failure") << base << rule;
 }
 
 // Associates zvi00, with one BSS a band, and compares the VLAN file.
@@ -259,7 +257,7 @@ static void associate(std::uint16_t vlan, const std::string &before, Status resu
     EXPECT_EQ(ZAV_AssocitaleVlan("00:00:5E:00:53:20", vlan), result);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               said.empty() ? "" : "[ZAV-API] Error ZAV_AssocitaleVlan " + said + "\n");
-    EXPECT_EQ(read_text(file), after);
+    EXPECT_EQ(read_file(file), after);
 }
 
 TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
@@ -332,7 +330,7 @@ TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
         EXPECT_EQ(ZAV_Init(), success);
         pipes_fail = false;
         EXPECT_EQ(ZAV_Init(), failure) << "is no second one";
-        EXPECT_EQ(read_text("log"),
+        EXPECT_EQ(read_file("log"),
                   join({script, "init ", init, "\n", probe.empty() ? "" : "tool ifconfig\n", off, script,
                         "addvlans ", vlans, " no_ipv6\n", script, "rtdot1xd ", vlans, "\n"}));
     }
@@ -344,8 +342,9 @@ TEST(Lifecycle, AnOvertakenInitLeavesTheNextRunAlone) {
     EXPECT_EQ(ZAV_Stop(), success);
     load_with("0;", Radios::both);
     testing::internal::CaptureStderr();
-    EXPECT_TRUE(ZAV_Init(overtaken) == failure && !driver_is(DriverState::initialised));
-    EXPECT_EQ(testing::internal::GetCapturedStderr() + read_text("log"), "");
+    EXPECT_EQ(ZAV_Init(overtaken), failure);
+    EXPECT_FALSE(driver_is(DriverState::initialised));
+    EXPECT_EQ(testing::internal::GetCapturedStderr() + read_file("log"), "");
     EXPECT_EQ(ZAV_Init(), success);
 }
 
@@ -366,7 +365,14 @@ TEST(Lifecycle, ARestartIsThatOfTheBand) {
         load_with("0;", loaded);
         set_driver_state(DriverState::initialised);
         EXPECT_EQ(index == all ? ZAV_RestartAll() : ZAV_Restart(index), expected.empty() ? failure : success);
-        EXPECT_EQ(read_text("log"), expected) << static_cast<int>(loaded) << " " << index;
+        EXPECT_EQ(read_file("log"), expected) << static_cast<int>(loaded) << " " << index;
+    }
+}
+
+TEST(BssEnable, CountsTheSixteenThatTheListHas) {
+    for (const char *bss_count : {"16", "17", "64"}) {
+        start_with(bss_count, std::string(bss_count) + "\nBssEnabled=1;0;2;1;0;0;0;0;0;0;0;0;0;0;0;1;1;1");
+        EXPECT_EQ(getBssEnabledOnBand(std::stoi(bss_count) + 1), 3) << bss_count;
     }
 }
 
@@ -379,8 +385,6 @@ TEST(RadiusDaemon, IsRestartedForTheRadiosThatRun) {
         set_driver_state(DriverState::loaded);
         EXPECT_EQ(restartRadiusDaemon(), success);
     }
-    std::string log;
-    std::getline(std::ifstream("log"), log, '\0');
-    EXPECT_EQ(log, "script zv_host.sh rtdot1xd 24g\nscript zv_host.sh rtdot1xd 5g\n"
-                   "script zv_host.sh rtdot1xd dual\n");
+    EXPECT_EQ(read_file("log"), "script zv_host.sh rtdot1xd 24g\nscript zv_host.sh rtdot1xd 5g\n"
+                                "script zv_host.sh rtdot1xd dual\n");
 }

@@ -1,11 +1,10 @@
 #pragma once
 
 #include "backend/interfaces.h"
+#include "files.h"
 
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
-#include <string>
 
 // The settings files of both bands in a directory of the test's own. The store asks for its directory once,
 // so it stands before the first test.
@@ -13,14 +12,6 @@
 [[maybe_unused]] static const bool directory_made =
     setenv("zav_cfg_dir", "/tmp/settings", 1) == 0 && std::filesystem::create_directory("/tmp/settings");
 constexpr char file_24g[] = "/tmp/settings/ZAV75024g.dat", file_5g[] = "/tmp/settings/ZAV750.dat";
-
-inline void write_file(const std::string &path, const std::string &text) { std::ofstream(path) << text; }
-
-inline std::string read_file(const std::string &path) {
-    std::string text;
-    std::getline(std::ifstream(path), text, '\0');
-    return text;
-}
 
 // Both files, of eight BSSes: indexes 1 to 8 are those of 2.4 GHz, 9 to 16 those of 5 GHz.
 constexpr char file_head[] = "#\nBssidNum=8\n";

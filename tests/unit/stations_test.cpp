@@ -3,6 +3,7 @@
 #include "api/stations.h"
 #include "api/unreached.h"
 #include "driver_double.h"
+#include "observed.h"
 
 #include <climits>
 #include <cstdlib>
@@ -98,12 +99,8 @@ TEST(Stations, AreTheSameBytesOnTheWire) {
     EXPECT_EQ(driver::asked, std::vector<std::string>{"15 zv01 get_mac_table 14"});
     wlan_device_t other_name;
     std::memcpy(&other_name, untouched.data(), sizeof other_name);
-    std::fclose(std::fopen("/tmp/wlandbg", "w"));
-    testing::internal::CaptureStdout();
-    EXPECT_EQ(wlan_get(10, 0, &other_name), success);
-    std::fflush(stdout);
-    std::remove("/tmp/wlandbg");
-    EXPECT_TRUE(testing::internal::GetCapturedStdout().starts_with("[ZAV-API] wlan_get entry (10).\n"));
+    const std::string said = said_by([&] { EXPECT_EQ(wlan_get(10, 0, &other_name), success); });
+    EXPECT_TRUE(said.starts_with("[ZAV-API] wlan_get entry (10).\n")) << said;
     EXPECT_EQ(bytes_of(other_name), expected);
 
     put(&wire, 164, little_endian(-51ULL, 4));
@@ -119,9 +116,8 @@ TEST(Stations, AreTheSameBytesOnTheWire) {
 TEST(Stations, ComeAndGoBetweenTheCountAndTheRecord) {
     const std::string first = station({{0, std::string(2, '\0')}}),
                       second = station({{0, std::string(1, '\0')}});
-    unsigned count = 0;
     give_stations(2, {first, second});
-    EXPECT_TRUE(wlan_getAssocDevicesNum(1, &count) == success && count == 2);
+    EXPECT_EQ(answer(wlan_getAssocDevicesNum, 1), Answer(success, 2));
     give_stations(1, {second});
     EXPECT_EQ(bytes_of(get_device(1, 1, failure)), untouched);
     EXPECT_EQ(std::string(get_device(1, 0).mac_address), "01:02:03:04:05:06");
@@ -150,11 +146,9 @@ TEST(Stations, AreBoundedWhateverTheDriverSays) {
     for (const auto &[claimed, expected] :
          {std::pair{31, success}, {32, success}, {65, success}, {66, failure}, {-1, failure}}) {
         give_stations(static_cast<unsigned>(claimed), std::vector(65, of_bss_1));
-        unsigned count = 7, entries = 7;
-        EXPECT_EQ(wlan_getAssocDevicesNum(10, &count), expected);
-        EXPECT_EQ(wlan_getAssocDevicesTableNumOfEntries(10, &entries), expected);
-        const auto sent = static_cast<unsigned>(expected == success ? claimed : 7);
-        EXPECT_TRUE(count == sent && entries == sent) << count << " " << entries;
+        const auto sent = static_cast<unsigned>(expected == success ? claimed : 99);
+        EXPECT_EQ(answer(wlan_getAssocDevicesNum, 10), Answer(expected, sent));
+        EXPECT_EQ(answer(wlan_getAssocDevicesTableNumOfEntries, 10), Answer(expected, sent));
         const auto table = get_table(expected);
         EXPECT_EQ(table->count, expected == success ? std::min(sent, 32U) : 0);
         EXPECT_EQ(std::string(table->devices[30].group_list), expected == success ? five : "");

@@ -1,22 +1,30 @@
 #include "backend/config_store.h"
 #include "backend/result_file.h"
 #include "backend/unreached.h"
+#include "settings_files.h"
 
+#include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
 
-// The store asks for its directory once, so it stands before the first test.
-[[maybe_unused]] static const bool directory_made =
-    setenv("zav_cfg_dir", "/tmp/store", 1) == 0 && std::filesystem::create_directory("/tmp/store");
-constexpr char file_24g[] = "/tmp/store/ZAV75024g.dat", file_5g[] = "/tmp/store/ZAV750.dat";
-
-static void write_file(const char *path, const std::string &text) { std::ofstream(path) << text; }
+// The disk: it may fail in the middle of a write, and tells how large each write found the file.
+static std::vector<std::size_t> sizes_found;
+static bool disk_breaks = false;
+extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at) {
+    struct stat found {};
+    fstat(fd, &found);
+    sizes_found.push_back(static_cast<std::size_t>(found.st_size));
+    errno = EIO;
+    if (disk_breaks && sizes_found.size() == 2)
+        return -1;
+    return syscall(SYS_pwrite64, fd, text, disk_breaks && sizes_found.size() == 1 ? length / 2 : length, at);
+}
 
 static std::string get(const SettingsFile &file, const std::string &key, std::size_t room = 16384) {
     std::string value(16384, '~');
@@ -32,16 +40,17 @@ static void check_set(const std::string &text, const std::string &key, const std
     const auto earlier = std::filesystem::file_time_type::clock::now() - std::chrono::hours(1);
     std::filesystem::last_write_time(file_24g, earlier);
     std::ifstream opened_before(file_24g);
-    std::string found;
+    sizes_found.clear();
     EXPECT_EQ(nvram_set_str(settings_24g, key, value.c_str()), status);
     EXPECT_EQ(std::filesystem::last_write_time(file_24g) == earlier, status != success);
-    EXPECT_TRUE(std::getline(opened_before, found, '\0') && found == expected) << found.substr(0, 50);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(opened_before), {}), expected);
 }
 
 // The many forms of a file are compared with a model in ../fuzz/settings.cpp; these are the corner stones.
 TEST(Store, SetsOneLineAndKeepsTheRest) {
     const std::string much(3000, 'o');
     check_set("A=0\nAA=1\nA=2\nA=3\n", "A", "12", success, "A=0\nAA=1\nA=12\nA=3\n");
+    check_set("#\nA=1\n\nB=2\n", "A", "12", success, "#\nA=12\n\nB=2\n");
     check_set("A=1\nB=1", "A", "1", success, "A=1\nB=1\nA=1\n");
     check_set("#\nA=" + much + "\nB=2\n", "A", much + "2", success, "#\nA=" + much + "2\nB=2\n");
     check_set("#\nA=" + much + "\nB=2\n", "A", much, unchanged, "#\nA=" + much + "\nB=2\n");
@@ -89,19 +98,38 @@ TEST(Store, NeverMixesTheTextsOfTwoFiles) {
 
 // Disks that are full behind 8192 bytes; the second cannot reserve room in advance.
 TEST(Store, KeepsTheOldTextOnAFullDisk) {
-    const std::string text = "#\nA=1\nP=" + std::string(7000, 'p') + "\n", longer(900, 'v');
+    const auto text_of = [](std::size_t size) { return "#\nA=1\nP=" + std::string(size - 9, 'p') + "\n"; };
+    const std::string longer(900, 'v');
     std::signal(SIGXFSZ, SIG_IGN);
     for (const auto &[type, longest_file] : {std::pair("tmpfs", 1U << 20), std::pair("ramfs", 8192U)}) {
-        ASSERT_EQ(mount(type, "/tmp/store", type, 0, "size=8k"), 0);
-        write_file(file_24g, text);
+        ASSERT_EQ(mount(type, "/tmp/settings", type, 0, "size=8k"), 0);
         const rlimit usual{RLIM_INFINITY, RLIM_INFINITY}, small{longest_file, RLIM_INFINITY};
-        setrlimit(RLIMIT_FSIZE, &small);
-        EXPECT_EQ(nvram_set_str(settings_24g, "A", std::string(3000, 'v').c_str()), failure) << type;
-        setrlimit(RLIMIT_FSIZE, &usual);
-        std::string found;
-        EXPECT_TRUE(std::getline(std::ifstream(file_24g), found, '\0') && found == text) << type;
-        check_set(text, "A", longer, success, "#\nA=" + longer + text.substr(5));
-        umount("/tmp/store");
+        for (const auto &[size, added] : {std::pair(7000U, 3000U), {8192U, 1U}}) {
+            SCOPED_TRACE(type + std::to_string(size));
+            write_file(file_24g, text_of(size));
+            sizes_found.clear();
+            setrlimit(RLIMIT_FSIZE, &small);
+            EXPECT_EQ(nvram_set_str(settings_24g, "A", std::string(added + 1, 'v').c_str()), failure);
+            setrlimit(RLIMIT_FSIZE, &usual);
+            EXPECT_EQ(read_file(file_24g), text_of(size));
+            EXPECT_EQ(sizes_found.empty(), longest_file > 8192) << "room is found before the file is touched";
+        }
+        check_set(text_of(7000), "A", longer, success, "#\nA=" + longer + text_of(7000).substr(5));
+        umount("/tmp/settings");
+    }
+}
+
+// Nobody finds bytes in the file that are not of the one text or the other.
+TEST(Store, PutsTheOldTextBackWhereTheDiskBreaks) {
+    const std::string text = "#\nA=1\nP=" + std::string(7000, 'p') + "\n";
+    for (const char *value : {"123", "2", ""}) {
+        write_file(file_24g, text);
+        sizes_found.clear();
+        disk_breaks = true;
+        EXPECT_EQ(nvram_set_str(settings_24g, "A", value), failure);
+        disk_breaks = false;
+        EXPECT_EQ(read_file(file_24g), text);
+        EXPECT_EQ(sizes_found, std::vector(3, text.size())) << value;
     }
 }
 
@@ -110,13 +138,15 @@ TEST(ResultFile, GivesTheFirstLineAndIsClosed) {
     std::array<char, 8> line{};
     const int next = dup(0);
     for (const char *text : {"\n5\n", "usage: zv_host.sh\n", ""}) {
-        write_file("/tmp/store/result", text);
-        EXPECT_EQ(get_int_value("/tmp/store/result", &number), failure) << text;
-        EXPECT_EQ(get_str_value("/tmp/store/result", line), text[0] == '\n' ? success : failure) << text;
+        write_file("/tmp/settings/result", text);
+        EXPECT_EQ(get_int_value("/tmp/settings/result", &number), failure) << text;
+        EXPECT_EQ(get_str_value("/tmp/settings/result", line), text[0] == '\n' ? success : failure) << text;
     }
-    write_file("/tmp/store/result", "4294967295 men\n13\n");
-    EXPECT_TRUE(get_int_value("/tmp/store/result", &number) == success && number == 4294967295);
-    EXPECT_TRUE(get_str_value("/tmp/store/result", line) == success && line.data() == std::string("4294967"));
+    write_file("/tmp/settings/result", "4294967295 men\n13\n");
+    EXPECT_EQ(get_int_value("/tmp/settings/result", &number), success);
+    EXPECT_EQ(number, 4294967295);
+    EXPECT_EQ(get_str_value("/tmp/settings/result", line), success);
+    EXPECT_STREQ(line.data(), "4294967");
     EXPECT_EQ(dup(0), next + 1) << "a file was left open";
-    EXPECT_EQ(get_int_value("/tmp/store/missing", &number), failure);
+    EXPECT_EQ(get_int_value("/tmp/settings/missing", &number), failure);
 }

@@ -47,7 +47,6 @@ TEST(Worker, IsDetachedAndSmall) {
         std::size_t stack;
     };
     std::promise<Thread> seen;
-    pthread_t thread;
     const auto look = [](void *argument) -> void * {
         pthread_attr_t attributes;
         Thread own{};
@@ -58,7 +57,7 @@ TEST(Worker, IsDetachedAndSmall) {
         static_cast<std::promise<Thread> *>(argument)->set_value(own);
         return nullptr;
     };
-    ASSERT_TRUE(start_worker(&thread, look, &seen));
+    ASSERT_TRUE(start_worker(look, &seen));
     const Thread own = seen.get_future().get();
     EXPECT_EQ(own.detached, PTHREAD_CREATE_DETACHED);
     EXPECT_EQ(own.stack, SANITIZED ? 1U << 20 : 32768U);
@@ -66,7 +65,7 @@ TEST(Worker, IsDetachedAndSmall) {
 
 // The command is started before a stop can begin, and the result is there before the end shows.
 TEST(Init, KeepsItsOrder) {
-    driver_loaded = true;
+    set_driver_state(DriverState::loaded);
     Status answer = wlan_init();
     EXPECT_EQ(answer, in_progress);
     while ((answer = wlan_init()) == in_progress)
@@ -78,7 +77,7 @@ TEST(Init, KeepsItsOrder) {
 
 // Without the mask's lock a request can be lost, and TSan tells of it at once.
 TEST(Restart, LosesNoRequestToItsThread) {
-    driver_initialised = false; // so that nothing is to be done
+    set_driver_state(DriverState::stopped); // so that nothing is to be done
     for (int round = 0; round < 200; ++round) {
         restarted = 0;
         for (int index = 1; index <= 16; ++index)

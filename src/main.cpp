@@ -71,7 +71,7 @@ int main(int argc, char **argv) {
     const char *address = argc > 1 ? argv[1] : nullptr;
     if (address != nullptr)
         std::printf("WLAN RPC Server IP addr %s\n", address);
-    SVCXPRT *transport = create_transport(address);
+    SVCXPRT *transport = create_transport(address, 0, {});
     if (transport == nullptr)
         return give_up("cannot create udp service.");
     if (!svc_register(transport, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, wlan_config_rpc_prog_1,

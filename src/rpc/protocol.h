@@ -404,6 +404,33 @@ constexpr const Procedure *find_procedure(std::string_view name) {
     return nullptr;
 }
 
+// What a client must not make happen a second time by sending a request again whose reply was lost: the
+// transport keeps the replies of these. Everything else answers the same again, or 2 where the first has
+// stored the value. wlan_load finds the driver loaded, wlan_init is polled, and a second clearing of an
+// access list clears nothing.
+constexpr bool is_unsafe_to_repeat(unsigned procedure) {
+    switch (procedure) {
+    case 3:   // wlan_reset: stops the driver, perhaps another client's
+    case 8:   // wlan_associate_vlan: VLAN 4095 takes the interface in each time
+    case 10:  // wlan_set_enable: what was stored answers 2, though the interface did not come up
+    case 92:  // wlan_set_wps_device_password: "0" makes a new PIN
+    case 110: // wlan_set_mac_address_control_add: a stored address answers 2, though its name was refused
+    case 111: // wlan_set_mac_address_control_delete: the same
+    case 120: // wlan_set_wps_cancel: ends what was begun since
+    case 176: // wlan_set_wps_pushbutton: begins again
+    case 177: // wlan_set_wps_pinstart: begins again
+    case 178: // wlan_set_restore_defaults: loses what was set since
+    case 181: // wlan_set_wps_oob: loses what was set since
+    case 206: // wlan_restart_all: every station falls off again
+    case 207: // wlan_restart: the same
+    case 219: // wlan_ap_scan: scans again, or answers that a scan runs
+    case 220: // wlan_ap_auto_channel_select: the radio leaves its channel again
+        return true;
+    default:
+        return false;
+    }
+}
+
 // A number that stands in the wrong place shows in the name of this type in the compiler's message.
 template <unsigned number>
 struct NumberOutOfOrderOrUnassigned {

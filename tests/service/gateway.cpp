@@ -160,7 +160,7 @@ std::optional<std::string> Client::exchange(std::string_view datagram, int patie
         const ssize_t length = recv(socket_, reply.data(), reply.size(), 0);
         if (length < 0)
             return std::nullopt;
-        if (length >= 24 && std::memcmp(reply.data(), datagram.data(), 4) == 0)
+        if (length >= 20 && std::memcmp(reply.data(), datagram.data(), 4) == 0)
             return std::string(reply.data(), static_cast<std::size_t>(length));
     }
     return std::nullopt;
@@ -169,7 +169,7 @@ std::optional<std::string> Client::exchange(std::string_view datagram, int patie
 std::optional<std::string> Client::call(std::uint32_t procedure, std::string_view arguments,
                                         std::uint32_t *status, int patience_ms) {
     const auto reply = exchange(call_header(procedure).append(arguments), patience_ms);
-    if (!reply)
+    if (!reply || reply->size() < 24)
         return std::nullopt;
     if (status != nullptr)
         *status = word_at(*reply, 20);

@@ -183,17 +183,22 @@ TEST(Hostile, NoTruncationSucceedsOrTellsASecret) {
     EXPECT_EQ(out.find("wlan_set_ssid"), std::string::npos);
 }
 
-TEST(Hostile, HeadersThatLieAreDropped) {
+TEST(Hostile, HeadersThatLieAreDroppedAndOtherCredentialsDenied) {
     Gateway gateway;
     const auto header = [](std::uint32_t flavor, std::uint32_t credential, std::uint32_t verifier) {
         return call_header(0).substr(0, 24) + word(flavor) + word(credential) + word(0) + word(verifier);
     };
+    const std::string too_long_verifier = header(0, 0, 401) + std::string(404, '\0');
     for (const std::string &datagram :
-         {header(6, 0, 0), header(2, 0, 0), header(1, 400, 0), header(0, 8, 0), header(0, 0, 4),
-          header(0, 0, 0xFFFFFFFF), header(0, 0xFFFFFFFD, 0), header(0, 401, 0) + std::string(404, 'x'),
+         {header(1, 400, 0), header(0, 8, 0), header(0, 0, 4), header(0, 0, 0xFFFFFFFF),
+          header(0, 0xFFFFFFFD, 0), header(0, 401, 0) + std::string(404, '\0'), too_long_verifier,
           header(0, 0, 0) + std::string(8761, '\0')})
         EXPECT_FALSE(gateway.exchange(datagram, 50)) << datagram.size();
+    EXPECT_TRUE(gateway.exchange(header(0, 400, 0) + std::string(400, '\0'), 5000));
     EXPECT_TRUE(gateway.exchange(header(0, 0, 0) + std::string(8760, '\0'), 5000));
+    for (const std::uint32_t flavor : {2U, 3U, 6U, 0xFFFFFFFFU}) // denied: the credential is rejected
+        EXPECT_EQ(gateway.exchange(header(flavor, 0, 0), 5000).value_or("").substr(4),
+                  word(1) + word(1) + word(1) + word(2));
 }
 
 TEST(Hostile, AnnouncedLengthsAreNotBelieved) {

@@ -130,14 +130,16 @@ Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<st
     : daemon_(daemon_command(arguments), gateway_environment(environment), path("out"), path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
 
-Client::Client(unsigned port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+Client::Client(unsigned port, const char *server, const char *own)
+    : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
     const int room = 4 << 20; // for the replies to a burst
     setsockopt(socket_, SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof room);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0)
+    sockaddr_in from{}, to{};
+    from.sin_family = to.sin_family = AF_INET;
+    to.sin_port = htons(static_cast<std::uint16_t>(port));
+    if (inet_pton(AF_INET, own, &from.sin_addr) != 1 || inet_pton(AF_INET, server, &to.sin_addr) != 1 ||
+        bind(socket_, reinterpret_cast<sockaddr *>(&from), sizeof from) != 0 ||
+        connect(socket_, reinterpret_cast<sockaddr *>(&to), sizeof to) != 0)
         throw std::runtime_error("connect");
 }
 

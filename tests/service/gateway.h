@@ -38,7 +38,7 @@ void write_file(const std::string &path, std::string_view text);
 // A socket of its own; several at once are several clients.
 class Client {
 public:
-    explicit Client(unsigned port);
+    explicit Client(unsigned port, const char *server = "127.0.0.1", const char *own = "0.0.0.0");
     ~Client();
     Client(const Client &) = delete;
     Client &operator=(const Client &) = delete;

@@ -195,9 +195,10 @@ void enlarge_receive_buffer(int socket) {
         setsockopt(socket, SOL_SOCKET, SO_RCVBUF, &size, sizeof size);
 }
 
-void ask_for_local_address(int socket) {
-    const int on = 1;
-    setsockopt(socket, IPPROTO_IP, IP_PKTINFO, &on, sizeof on);
+// What is bound to one address replies from there anyway.
+void ask_for_local_address(int socket, bool is_bound_to_one) {
+    const int wanted = is_bound_to_one ? 0 : 1;
+    setsockopt(socket, IPPROTO_IP, IP_PKTINFO, &wanted, sizeof wanted);
 }
 
 int open_socket() {
@@ -250,7 +251,7 @@ SVCXPRT *create_transport(const char *address, std::uint16_t port, Peers peers) 
         return nullptr;
     keep_from_scripts(transport->xp_fd);
     enlarge_receive_buffer(transport->xp_fd);
-    ask_for_local_address(transport->xp_fd);
+    ask_for_local_address(transport->xp_fd, address != nullptr);
     allowed = std::move(peers);
     use_own_operations(transport);
     return transport;

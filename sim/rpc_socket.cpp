@@ -1,5 +1,5 @@
-// What the network does to the daemon's own datagrams, on order: a reply is lost or late, a request comes twice. All
-// others pass on to the system.
+// What the network does to the daemon's own datagrams, on order: a reply is lost or late, a request comes
+// twice. All others pass on to the system.
 
 #include "state.h"
 

@@ -83,6 +83,14 @@ void write_file(const std::string &path, std::string_view text) {
     std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
 }
 
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience) {
+    using Clock = std::chrono::steady_clock;
+    for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))
+        if (come_true())
+            return true;
+    return false;
+}
+
 namespace {
 
 std::vector<std::string> daemon_command(const std::vector<std::string> &arguments) {

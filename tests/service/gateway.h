@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdint>
 #include <filesystem>
+#include <functional>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -34,6 +35,9 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
 
 std::string read_file(const std::string &path);
 void write_file(const std::string &path, std::string_view text);
+
+// Whether it comes true in time.
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(20));
 
 // A socket of its own; several at once are several clients.
 class Client {

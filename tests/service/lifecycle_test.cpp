@@ -41,13 +41,6 @@ int code(Client &client, std::uint32_t procedure, const std::string &arguments =
     return static_cast<int>(ntohl(value));
 }
 
-bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = 20s) {
-    for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))
-        if (come_true())
-            return true;
-    return false;
-}
-
 void shell(const std::string &command) { ASSERT_EQ(std::system(command.c_str()), 0) << command; }
 
 // A gateway with scripts of its own, which can be broken.

@@ -2,7 +2,6 @@
 
 #include <chrono>
 #include <gtest/gtest.h>
-#include <thread>
 
 namespace {
 
@@ -35,12 +34,8 @@ protected:
     // What the answer becomes; after ten seconds, whatever it is then.
     std::optional<std::string> settled(std::uint32_t procedure, const std::string &arguments,
                                        const std::string &passing) {
-        const auto deadline = Clock::now() + 10s;
-        auto answer = gateway.call(procedure, arguments);
-        while (answer == passing && Clock::now() < deadline) {
-            std::this_thread::sleep_for(20ms);
-            answer = gateway.call(procedure, arguments);
-        }
+        std::optional<std::string> answer;
+        await([&] { return (answer = gateway.call(procedure, arguments)) != passing; }, 10s);
         return answer;
     }
     Gateway gateway;

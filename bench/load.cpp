@@ -46,7 +46,7 @@ double microseconds_since(Clock::time_point start) {
     return std::chrono::duration<double, std::micro>(Clock::now() - start).count();
 }
 
-void send_call(Server &server, const Shape &shape, unsigned xid, unsigned value) {
+bool try_call(Server &server, const Shape &shape, unsigned xid, unsigned value) {
     constexpr unsigned call = 0, rpc_version = 2;
     std::array<std::uint32_t, header_words + 2> words{
         xid, call, rpc_version, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, shape.procedure};
@@ -55,7 +55,11 @@ void send_call(Server &server, const Shape &shape, unsigned xid, unsigned value)
     for (std::uint32_t &word : words)
         word = htonl(word);
     const std::size_t bytes = (header_words + shape.arguments) * sizeof words[0];
-    if (send(server.socket, words.data(), bytes, 0) != static_cast<ssize_t>(bytes))
+    return send(server.socket, words.data(), bytes, 0) == static_cast<ssize_t>(bytes);
+}
+
+void send_call(Server &server, const Shape &shape, unsigned xid, unsigned value) {
+    if (!try_call(server, shape, xid, value))
         give_up(server, "cannot send");
 }
 
@@ -90,6 +94,14 @@ int connect_to(unsigned port) {
         std::exit(1);
     }
     return fd;
+}
+
+bool is_served(Server &server) {
+    constexpr int patience = 200; // microseconds
+    std::uint32_t word = 0;
+    (void)try_call(server, shape_of(Case::null), 0, 0); // refused as long as there is no server
+    usleep(patience);
+    return recv(server.socket, &word, sizeof word, MSG_DONTWAIT) > 0;
 }
 
 std::vector<unsigned> call_once(Server &server, Case which, unsigned xid) {

@@ -29,6 +29,9 @@ struct Samples {
 // Ends the process when the system refuses.
 int connect_to(unsigned port);
 
+// Whether a null call is answered within a fifth of a millisecond.
+bool is_served(Server &server);
+
 // The reply in words, as received. Ends the process when there is none.
 std::vector<unsigned> call_once(Server &server, Case which, unsigned xid);
 

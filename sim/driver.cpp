@@ -51,13 +51,6 @@ int (*next_clock_nanosleep())(clockid_t, int, const timespec *, timespec *) {
     return next;
 }
 
-void wait_ms(long milliseconds) {
-    const long bounded = std::clamp(milliseconds, 0L, 600000L);
-    timespec left{bounded / 1000, (bounded % 1000) * 1000000};
-    while (next_clock_nanosleep()(CLOCK_MONOTONIC, 0, &left, &left) == EINTR) {
-    }
-}
-
 // Hands the bytes to the caller; returns an error number, as every function that serves a request.
 int give(const Call &call, std::string_view bytes, std::size_t room) {
     iw_point &data = call.wireless()->u.data;
@@ -292,6 +285,14 @@ timespec shortened(const timespec &asked) {
 [[gnu::constructor]] void keep_from_children() { unsetenv("LD_PRELOAD"); }
 
 } // namespace
+
+void wait_ms(long milliseconds) {
+    const long bounded = std::clamp(milliseconds, 0L, 600000L);
+    timespec left{bounded / 1000, (bounded % 1000) * 1000000};
+    while (next_clock_nanosleep()(CLOCK_MONOTONIC, 0, &left, &left) == EINTR) {
+    }
+}
+
 } // namespace sim
 
 extern "C" {

@@ -35,4 +35,7 @@ void log_line(std::string_view text);
 std::optional<std::string> fault(const Event &event, std::string_view action);
 std::optional<long> fault_number(const Event &event, std::string_view action);
 
+// Waits as long as said, ten minutes at the most: such a wait is a fault's and not shortened.
+void wait_ms(long milliseconds);
+
 } // namespace sim

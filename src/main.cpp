@@ -1,9 +1,14 @@
 #include "rpc/protocol.h"
+#include "rpc/registration.h"
 #include "rpc/service.h"
 #include "rpc/transport.h"
 
+#include <charconv>
 #include <csignal>
+#include <cstdint>
 #include <cstdio>
+#include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <netinet/in.h>
 #include <new>
@@ -20,13 +25,40 @@ constexpr char usage[] =
     "  -h, --help  print this and exit\n"
     "  --version   print the version and exit\n\n"
     "environment:\n"
-    "  zav_cfg_dir      directory of the settings files ZAV75024g.dat and ZAV750.dat\n"
-    "  zav_install_dir  directory of the platform's scripts and daemons\n\n"
+    "  zav_cfg_dir         directory of the settings files ZAV75024g.dat and ZAV750.dat\n"
+    "  zav_install_dir     directory of the platform's scripts and daemons\n"
+    "  WLAN_CONFIGD_PORT   UDP port to serve on, for firewalls; without it the system chooses\n"
+    "  WLAN_CONFIGD_PEERS  IPv4 addresses and networks that may ask, such as 192.168.1.2,10.0.0.0/8;\n"
+    "                      without it everyone\n\n"
     "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
 
 int give_up(const char *reason) {
     std::fputs(reason, stderr);
     return 1;
+}
+
+struct Environment {
+    std::uint16_t port = 0; // 0: the system chooses
+    Peers peers;
+};
+
+// False after a message.
+bool read_environment(Environment *ret_environment) {
+    const char *port = std::getenv("WLAN_CONFIGD_PORT"), *peers = std::getenv("WLAN_CONFIGD_PEERS");
+    if (port != nullptr) {
+        const char *end = port + std::strlen(port);
+        const auto [stopped, error] = std::from_chars(port, end, ret_environment->port);
+        if (error != std::errc{} || stopped != end || ret_environment->port == 0) {
+            std::fprintf(stderr, "WLAN_CONFIGD_PORT is not a port from 1 to 65535: %s\n", port);
+            return false;
+        }
+    }
+    std::string_view wrong;
+    if (peers == nullptr || parse_peers(peers, &ret_environment->peers, &wrong))
+        return true;
+    std::fprintf(stderr, "WLAN_CONFIGD_PEERS has a word that is no IPv4 address or network: '%.*s'\n",
+                 static_cast<int>(wrong.size()), wrong.data());
+    return false;
 }
 
 // No operation can go on without memory, and no worker can be unwound.
@@ -62,21 +94,25 @@ int main(int argc, char **argv) {
         std::fputs(first == "--version" ? "wlan-configd " WLAN_CONFIGD_VERSION "\n" : usage, stdout);
         return 0;
     }
+    Environment environment;
     if (!open_standard_descriptors())
         return give_up("cannot open /dev/null.");
     std::set_new_handler(end_without_memory);
     set_signals();
+    if (!read_environment(&environment)) // before the portmapper is touched, too
+        return 1;
     std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
     const char *address = argc > 1 ? argv[1] : nullptr;
     if (address != nullptr)
         std::printf("WLAN RPC Server IP addr %s\n", address);
-    SVCXPRT *transport = create_transport(address);
+    SVCXPRT *transport = create_transport(address, environment.port, environment.peers);
     if (transport == nullptr)
         return give_up("cannot create udp service.");
     if (!svc_register(transport, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, wlan_config_rpc_prog_1,
                       IPPROTO_UDP))
         return give_up("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp).");
+    watch_registration(transport->xp_port);
     svc_run();
     return give_up("svc_run returned");
 }

@@ -29,6 +29,7 @@ MISTAKES = [
     ("stations.toml", 'record = "wlan_device_t"', 'record = "wlan_devices_t"', "result", r"no record 'wlan_devices_t'"),
     ("protocol.toml", "[argument.ac]\n", "[arguments.ac]\n", "[arguments.ac]", r"no table is called 'arguments'"),
     ("protocol.toml", 'is = "access_category"', 'is = "access"', "[argument.ac]", r"no value 'access'"),
+    ("wps.toml", "[[procedure]]\n", "[value.switch]\nmeaning = 'x'\n[[procedure]]\n", "[value.switch]", r"a second value 'switch'"),
     ("wps.toml", "number = 88\n", "number = \n", "number = \n", r"Invalid value"),
 ]
 

@@ -143,11 +143,20 @@ class _Builder:
     def __init__(self, tables):
         self.faults = []
         self.tables = [table for table in tables if self._fits_schema(table)]
-        self.values = {table.name: self._value(table) for table in self._of("value")}
-        self.causes = {table.name: Cause(table.name, **table.keys) for table in self._of("cause")}
+        self.values = {name: self._value(table) for name, table in self._named("value").items()}
+        self.causes = {name: Cause(name, **table.keys) for name, table in self._named("cause").items()}
         self.records = {}
         self.places = {}
-        self.shared = {table.name: table for table in self._of("argument")}
+        self.shared = self._named("argument")
+
+    def _named(self, kind):
+        """The tables of a kind by their name, each once over all files."""
+        found = {}
+        for table in self._of(kind):
+            if table.name in found:
+                self.fault(table, None, f"a second {kind} '{table.name}'")
+            found[table.name] = table
+        return found
 
     def _of(self, kind):
         return [table for table in self.tables if table.kind == kind]

@@ -57,3 +57,12 @@ constexpr const Procedure *find_procedure(std::string_view name) {
             return &procedure;
     return nullptr;
 }
+
+// Whether a call must not be carried out a second time because its reply was lost: the transport keeps the
+// replies of these.
+constexpr bool runs_again(unsigned number) {
+    for (const Procedure &procedure : protocol)
+        if (procedure.number == number)
+            return procedure.runs_again;
+    return false;
+}

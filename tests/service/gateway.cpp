@@ -74,12 +74,10 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
 }
 
 bool await(const std::function<bool()> &come_true, std::chrono::seconds patience) {
-    const auto end = std::chrono::steady_clock::now() + patience;
-    while (std::chrono::steady_clock::now() < end) {
+    using Clock = std::chrono::steady_clock;
+    for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))
         if (come_true())
             return true;
-        std::this_thread::sleep_for(5ms);
-    }
     return false;
 }
 
@@ -134,14 +132,16 @@ Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<st
     : daemon_(daemon_command(arguments, start), gateway_environment(environment), path("out"), path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
 
-Client::Client(unsigned port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
+Client::Client(unsigned port, const char *server, const char *own)
+    : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {
     const int room = 4 << 20; // for the replies to a burst
     setsockopt(socket_, SOL_SOCKET, SO_RCVBUFFORCE, &room, sizeof room);
-    sockaddr_in address{};
-    address.sin_family = AF_INET;
-    address.sin_port = htons(static_cast<std::uint16_t>(port));
-    address.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
-    if (connect(socket_, reinterpret_cast<sockaddr *>(&address), sizeof address) != 0)
+    sockaddr_in from{}, to{};
+    from.sin_family = to.sin_family = AF_INET;
+    to.sin_port = htons(static_cast<std::uint16_t>(port));
+    if (inet_pton(AF_INET, own, &from.sin_addr) != 1 || inet_pton(AF_INET, server, &to.sin_addr) != 1 ||
+        bind(socket_, reinterpret_cast<sockaddr *>(&from), sizeof from) != 0 ||
+        connect(socket_, reinterpret_cast<sockaddr *>(&to), sizeof to) != 0)
         throw std::runtime_error("connect");
 }
 
@@ -164,7 +164,7 @@ std::optional<std::string> Client::exchange(std::string_view datagram, int patie
         const ssize_t length = recv(socket_, reply.data(), reply.size(), 0);
         if (length < 0)
             return std::nullopt;
-        if (length >= 24 && std::memcmp(reply.data(), datagram.data(), 4) == 0)
+        if (length >= 20 && std::memcmp(reply.data(), datagram.data(), 4) == 0)
             return std::string(reply.data(), static_cast<std::size_t>(length));
     }
     return std::nullopt;
@@ -173,7 +173,7 @@ std::optional<std::string> Client::exchange(std::string_view datagram, int patie
 std::optional<std::string> Client::call(std::uint32_t procedure, std::string_view arguments,
                                         std::uint32_t *status, int patience_ms) {
     const auto reply = exchange(call_header(procedure).append(arguments), patience_ms);
-    if (!reply)
+    if (!reply || reply->size() < 24)
         return std::nullopt;
     if (status != nullptr)
         *status = word_at(*reply, 20);

@@ -35,12 +35,13 @@ std::string word(std::uint32_t value);
 std::string xdr_text(std::string_view bytes);
 std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std::string_view data);
 
+// Whether it comes true in time.
 bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(20));
 
 // A socket of its own; several at once are several clients.
 class Client {
 public:
-    explicit Client(unsigned port);
+    explicit Client(unsigned port, const char *server = "127.0.0.1", const char *own = "0.0.0.0");
     ~Client();
     Client(const Client &) = delete;
     Client &operator=(const Client &) = delete;

@@ -2,6 +2,7 @@
 
 #include "rpc/protocol.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <set>
 #include <utility>
@@ -76,14 +77,20 @@ Lines woven(Lines out, Lines later, const Lines &came) {
     return expected;
 }
 
+// What must not run twice is sent three times: it must answer alike, and leave no more than one call would.
+constexpr unsigned run_once[] = {3, 8, 10, 92, 110, 111, 120, 176, 177, 178, 181, 206, 207, 219, 220};
+
 void play(Gateway &gateway, const GoldenCall &call) {
     SCOPED_TRACE("call " + call.name);
     News news(gateway);
     const Lines before = all_settings(gateway);
-    std::uint32_t status = 0;
-    const auto reply = gateway.call(call.number, call.arguments, &status, call.reply ? 5000 : 300);
-    EXPECT_EQ(status, 0U);
-    EXPECT_EQ(hex(reply), hex(call.reply));
+    const std::string request = call_header(call.number) + call.arguments;
+    const int times = std::count(std::begin(run_once), std::end(run_once), call.number) != 0 ? 3 : 1;
+    for (int i = 0; i < times; ++i) {
+        const auto reply = gateway.exchange(request, call.reply ? 5000 : 300);
+        EXPECT_EQ(hex(reply ? reply->substr(20) : reply),
+                  hex(call.reply ? word(0) + *call.reply : call.reply));
+    }
     news.await(call);
     EXPECT_EQ(news.out, woven(call.out, call.later, news.out));
     EXPECT_EQ(news.err, call.err);

@@ -3,6 +3,7 @@
 #include "api/lifecycle.h"
 #include "api/restart.h"
 #include "api/worker.h"
+#include "backend/driver_state.h"
 #include "backend/lifecycle.h"
 #include "backend/log.h"
 

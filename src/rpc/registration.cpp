@@ -1,0 +1,86 @@
+#include "rpc/registration.h"
+
+#include "api/worker.h"
+#include "backend/descriptor.h"
+#include "backend/log.h"
+#include "rpc/protocol.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <array>
+#include <chrono>
+#include <rpc/pmap_clnt.h>
+#include <rpc/pmap_prot.h>
+#include <rpc/rpc.h>
+#include <sys/socket.h>
+#include <sys/time.h>
+#include <thread>
+
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto between_looks = 10s;
+constexpr auto start_of_another = 1s; // from taking the registration out to having its own in
+constexpr timeval longest_question{1, 0};
+
+std::uint16_t own_port;
+
+// The port that the portmapper has for the daemon, 0 for none; false when it does not answer in time. By
+// hand: the library's own question takes forty system calls and a reserved port.
+bool ask_portmapper(unsigned *ret_port) {
+    constexpr unsigned number = 1; // each question has a socket of its own
+    std::array<unsigned, 14> question{number, CALL, RPC_MSG_VERSION, PMAPPROG, PMAPVERS, PMAPPROC_GETPORT};
+    question[10] = WLAN_CONFIG_RPC_PROG;
+    question[11] = WLAN_CONFIG_API_VERSION;
+    question[12] = IPPROTO_UDP;
+    std::transform(question.begin(), question.end(), question.begin(), htonl);
+    std::array<unsigned, 7> answer{}; // number, REPLY, accepted, no verifier, success, the port
+    sockaddr_in portmapper{};
+    portmapper.sin_family = AF_INET;
+    portmapper.sin_port = htons(PMAPPORT);
+    portmapper.sin_addr.s_addr = htonl(INADDR_LOOPBACK);
+    const Descriptor fd(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    if (!fd.valid() ||
+        setsockopt(fd.get(), SOL_SOCKET, SO_RCVTIMEO, &longest_question, sizeof longest_question) != 0 ||
+        connect(fd.get(), reinterpret_cast<const sockaddr *>(&portmapper), sizeof portmapper) != 0 ||
+        send(fd.get(), question.data(), sizeof question, 0) != sizeof question ||
+        recv(fd.get(), answer.data(), sizeof answer, 0) != sizeof answer)
+        return false;
+    *ret_port = ntohl(answer.back());
+    return answer[0] == htonl(number) && answer[1] == htonl(REPLY) && answer[2] == MSG_ACCEPTED &&
+           answer[5] == SUCCESS;
+}
+
+// Another port than the daemon's own is another daemon's, which has taken over. Between a start's taking out
+// and putting in nothing is missing: so it is asked twice.
+bool is_registered() {
+    unsigned port = 0;
+    if (!ask_portmapper(&port) || port != 0)
+        return port != 0;
+    std::this_thread::sleep_for(start_of_another);
+    if (!ask_portmapper(&port) || port != 0)
+        return port != 0;
+    log_debug("[ZAV-API] %s registering again.\n", __func__);
+    return pmap_set(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, own_port) != FALSE;
+}
+
+void *registration_thread_function(void *) {
+    for (bool registered = true;;) {
+        std::this_thread::sleep_for(between_looks);
+        if (is_registered() == registered)
+            continue;
+        registered = !registered;
+        log_error(registered ? "[ZAV-API] Error %s the portmapper is back.\n"
+                             : "[ZAV-API] Error %s the portmapper is away, clients do not find the daemon.\n",
+                  "watch_registration");
+    }
+}
+
+} // namespace
+
+void watch_registration(std::uint16_t port) {
+    own_port = port;
+    if (!start_worker(registration_thread_function))
+        report_no_worker(__func__);
+}

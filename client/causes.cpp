@@ -88,8 +88,9 @@ bool is_outside(const Limits &limits, std::int64_t value) {
     return limits.known && (value < limits.least || value > limits.most);
 }
 
-// What the daemon refuses by its range; all else it may still refuse by a rule.
+// What the daemon refuses by its range. Where a rule says more, it may still refuse what is in it.
 Finding check_argument(const Procedure &procedure, const Values &arguments) {
+    bool all_known = true;
     const auto meanings = knowledge_of(procedure).arguments;
     for (std::size_t i = 0; i < procedure.arguments.count; ++i) {
         const Value &value = arguments.list.at(i);
@@ -98,8 +99,10 @@ Finding check_argument(const Procedure &procedure, const Values &arguments) {
         if (value.kind == Kind::text ? is_outside(bytes, static_cast<std::int64_t>(value.text.size()))
                                      : is_outside(meaning.range, value.number))
             return {true, fmt::format("argument '{}'", procedure.arguments.fields.at(i).name)};
+        if (!is_interface_index(procedure.arguments.fields.at(i)))
+            all_known &= *meaning.rule == '\0' && (value.kind == Kind::text ? bytes : meaning.range).known;
     }
-    return {};
+    return all_known ? Finding{false} : Finding{};
 }
 
 Finding ask_about(Ask what, const Connection &connection, const Procedure &procedure,

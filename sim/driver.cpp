@@ -273,7 +273,9 @@ timespec shortened(const timespec &asked) {
     if (!active() || asked.tv_sec < 1) {
         return asked;
     }
-    log_line("sleep " + std::to_string(asked.tv_sec));
+    constexpr std::time_t rounds = 10; // what the daemon looks at from time to time is no event
+    if (asked.tv_sec < rounds)
+        log_line("sleep " + std::to_string(asked.tv_sec));
     const auto limit = read_number("sleep_ms");
     if (!limit || *limit < 0 || *limit / 1000 >= asked.tv_sec) {
         return asked;

@@ -331,8 +331,8 @@ TEST(Lifecycle, InitGoesByTheLoadAndThenByTheProbe) {
         pipes_fail = false;
         EXPECT_EQ(ZAV_Init(), failure) << "is no second one";
         EXPECT_EQ(read_file("log"),
-                  join({script, "init ", init, "\n", probe.empty() ? "" : "tool ifconfig\n", off, script,
-                        "addvlans ", vlans, " no_ipv6\n", script, "rtdot1xd ", vlans, "\n"}));
+                  join({script, "init ", init, "\n", probe.empty() ? "" : "tool ifconfig\n", off, "sleep 4\n",
+                        script, "addvlans ", vlans, " no_ipv6\n", script, "rtdot1xd ", vlans, "\n"}));
     }
     std::remove("faults/tool.ifconfig.answer");
 }

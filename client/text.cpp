@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <fmt/format.h>
 #include <iterator>
+#include <utf8.h>
 
 namespace {
 
@@ -11,30 +12,15 @@ struct Character {
     std::size_t length; // in bytes; 0 if they are no UTF-8
 };
 
-struct Form {
-    std::size_t length;
-    char32_t least; // what is less has a shorter form, and this one is not allowed
-    unsigned char mask, lead;
-};
-constexpr Form forms[] = {
-    {1, 0, 0x80, 0x00}, {2, 0x80, 0xE0, 0xC0}, {3, 0x800, 0xF0, 0xE0}, {4, 0x10000, 0xF8, 0xF0}};
-
 // The character at the beginning of a text that is not empty.
 Character first_character(std::string_view text) {
-    const auto octet = [text](std::size_t at) { return static_cast<unsigned char>(text[at]); };
-    for (const auto &[length, least, mask, lead] : forms) {
-        if ((octet(0) & mask) != lead || text.size() < length)
-            continue;
-        char32_t code = static_cast<unsigned char>(octet(0) & ~mask);
-        for (std::size_t i = 1; i < length; ++i) {
-            if ((octet(i) & 0xC0) != 0x80)
-                return {0, 0};
-            code = code << 6 | (octet(i) & 0x3FU);
-        }
-        const bool surrogate = code >= 0xD800 && code <= 0xDFFF;
-        return code < least || code > 0x10FFFF || surrogate ? Character{0, 0} : Character{code, length};
+    auto at = text.begin();
+    try {
+        const char32_t code = utf8::next(at, text.end());
+        return {code, static_cast<std::size_t>(at - text.begin())};
+    } catch (const utf8::exception &) {
+        return {0, 0};
     }
-    return {0, 0};
 }
 
 struct Range {

@@ -12,7 +12,7 @@ int wlan_set_mac_address_control_enabled_1_svc(int index, int value, wlan_config
 }
 
 int wlan_set_mac_address_control_clear_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_setMacAddressControlClear, index, result);
+    return run_action(__func__, wlan_setMacAddressControlClear, index, result);
 }
 
 int wlan_set_mac_address_control_add_1_svc(int index, const char *mac, const char *name,

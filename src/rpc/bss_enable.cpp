@@ -12,7 +12,7 @@ int wlan_set_enable_1_svc(int index, bool value, wlan_config_return_code_e *resu
 }
 
 int wlan_set_restore_defaults_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_setRestoreDefaults, index, result);
+    return run_action(__func__, wlan_setRestoreDefaults, index, result);
 }
 
 int wlan_get_custom_ssid_str_1_svc(int index, wlan_config_result_data_t *result) {

@@ -28,6 +28,7 @@ int wlan_set_wpa_reauth_interval_1_svc(int index, unsigned value, wlan_config_re
     return set(__func__, wlan_setWPAReAuthInterval, "[reAuthInt=%d]\n", index, value, result);
 }
 
+// (Its line says apsd, and readers of the log know it so.)
 int wlan_get_station_isolate_1_svc(int index, wlan_config_result_data_t *result) {
     return get_number(__func__, wlan_getStationIsolate, "[apsd = %d ]\n", index, result);
 }

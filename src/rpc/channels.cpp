@@ -44,5 +44,5 @@ int wlan_get_extension_channel_1_svc(int index, int subindex, wlan_config_result
 }
 
 int wlan_set_extension_channel_1_svc(int index, int subindex, int value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setExtensionChannel, "[extCh=%d]\n", index, subindex, value, result);
+    return set_selected(__func__, wlan_setExtensionChannel, "[extCh=%d]\n", index, subindex, value, result);
 }

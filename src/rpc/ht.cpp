@@ -67,6 +67,7 @@ int wlan_set_n_protection_1_svc(int index, bool value, wlan_config_return_code_e
     return set(__func__, wlan_setNProtection, "[nProtection=%d]\n", index, value, result);
 }
 
+// (Its line says apsd, and readers of the log know it so.)
 int wlan_get_side_band_1_svc(int index, wlan_config_result_data_t *result) {
     return get_number(__func__, wlan_getSideBand, "[apsd = %d ]\n", index, result);
 }

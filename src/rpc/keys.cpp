@@ -35,7 +35,7 @@ int wlan_get_wep_key_1_svc(int index, int key_index, wlan_config_result_data_t *
 }
 
 int wlan_set_wep_key_1_svc(int index, int key_index, const char *value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWepKey, "[key=%s]\n", index, key_index, value, result);
+    return set_selected(__func__, wlan_setWepKey, "[key=%s]\n", index, key_index, value, result);
 }
 
 int wlan_get_pre_shared_key_1_svc(int index, int key_index, wlan_config_result_data_t *result) {
@@ -45,7 +45,7 @@ int wlan_get_pre_shared_key_1_svc(int index, int key_index, wlan_config_result_d
 
 int wlan_set_pre_shared_key_1_svc(int index, int key_index, const char *value,
                                   wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setPreSharedKey, "[psk=%s]\n", index, key_index, value, result);
+    return set_selected(__func__, wlan_setPreSharedKey, "[psk=%s]\n", index, key_index, value, result);
 }
 
 int wlan_get_key_passphrase_1_svc(int index, int key_index, wlan_config_result_data_t *result) {
@@ -55,5 +55,6 @@ int wlan_get_key_passphrase_1_svc(int index, int key_index, wlan_config_result_d
 
 int wlan_set_key_passphrase_1_svc(int index, int key_index, const char *value,
                                   wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setKeyPassphrase, "[key passphrase=%s]\n", index, key_index, value, result);
+    return set_selected(__func__, wlan_setKeyPassphrase, "[key passphrase=%s]\n", index, key_index, value,
+                        result);
 }

@@ -5,7 +5,7 @@
 #include "rpc/shapes.h"
 
 int wlan_load_1_svc(int flags, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_load, flags, result);
+    return run_action(__func__, wlan_load, flags, result);
 }
 
 int wlan_init_1_svc(wlan_config_return_code_e *result) {
@@ -26,5 +26,5 @@ int wlan_restart_all_1_svc(wlan_config_return_code_e *result) {
 }
 
 int wlan_restart_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_restart, index, result);
+    return run_action(__func__, wlan_restart, index, result);
 }

@@ -138,6 +138,7 @@ int wlan_set_long_retry_limit_1_svc(int index, unsigned value, wlan_config_retur
     return set(__func__, wlan_setLongRetryLimit, "[longLimit=%d]\n", index, value, result);
 }
 
+// (Its line says nProtection, and readers of the log know it so.)
 int wlan_get_wpa_preauth_1_svc(int index, wlan_config_result_data_t *result) {
     return get_number(__func__, wlan_getWPAPreAuth, "[nProtection = %d ]\n", index, result);
 }
@@ -146,6 +147,7 @@ int wlan_set_wpa_preauth_1_svc(int index, bool value, wlan_config_return_code_e 
     return set(__func__, wlan_setWPAPreAuth, "[preAuth=%d]\n", index, value, result);
 }
 
+// (Its line says apsd, and readers of the log know it so.)
 int wlan_get_bss_isolate_1_svc(int index, wlan_config_result_data_t *result) {
     return get_number(__func__, wlan_getBssIsolate, "[apsd = %d ]\n", index, result);
 }
@@ -166,6 +168,7 @@ int wlan_get_acct_interim_interval_1_svc(int index, wlan_config_result_data_t *r
     return get_number(__func__, wlan_getAcctUpdateInterval, "[out_uint = %d ]\n", index, result);
 }
 
+// (Spelled so in the log.)
 int wlan_set_acct_interim_interval_1_svc(int index, unsigned value, wlan_config_return_code_e *result) {
     return set(__func__, wlan_setAcctUpdateInterval, "[AcctInerimInterval=%d]\n", index, value, result);
 }

@@ -8,7 +8,7 @@
 
 void say_name(const char *who) { log_debug("[ZAV-API] %s  WLAN RPC server :\n", who); }
 
-void say_name_closely(const char *who) { log_debug("[ZAV-API] %s WLAN RPC server :\n", who); }
+void say_name_with_one_blank(const char *who) { log_debug("[ZAV-API] %s WLAN RPC server :\n", who); }
 
 // As many elements as the values have bytes, all of them zero; nullptr without memory.
 static unsigned *allocate_numbers(wlan_config_result_data_t *result, std::size_t bytes) {
@@ -55,8 +55,8 @@ void fill_nothing(wlan_config_result_data_t *result) {
     result->return_data = {};
 }
 
-int act(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result) {
-    say_name_closely(who);
+int run_action(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result) {
+    say_name_with_one_blank(who);
     *result = code_of(operation(index));
     return 1;
 }

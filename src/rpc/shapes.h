@@ -18,9 +18,9 @@ void say(const char *who, const Line<Values...> &line, std::type_identity_t<Valu
     log_checked_after(who, "  WLAN RPC server : ", line.text, values...);
 }
 
-// The entry line of procedures that name none of their arguments.
+// The entry line of procedures that name none of their arguments; the second as some have it.
 void say_name(const char *who);
-void say_name_closely(const char *who); // with one blank behind the name
+void say_name_with_one_blank(const char *who);
 
 // The values first, zeros behind them: as many elements as the values have bytes. The array is allocated and
 // released with the result.
@@ -55,15 +55,15 @@ int set(const char *who, Status (*operation)(int, Operand), ValueLine<Value> lin
 
 // With a selector before the value: an access category, the number of a key or of a registrar.
 template <class Value, class Operand>
-int set_of(const char *who, Status (*operation)(int, int, Operand), ValueLine<Value> line, int index,
-           int selector, Value value, wlan_config_return_code_e *result) {
+int set_selected(const char *who, Status (*operation)(int, int, Operand), ValueLine<Value> line, int index,
+                 int selector, Value value, wlan_config_return_code_e *result) {
     say(who, line, shown(value));
     *result = code_of(operation(index, selector, static_cast<Operand>(value)));
     return 1;
 }
 
-// An action of an interface; its entry line is its name, closely.
-int act(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result);
+// An action of an interface; its entry line is its name.
+int run_action(const char *who, Status (*operation)(int), int index, wlan_config_return_code_e *result);
 
 int reply_number(Status status, unsigned value, wlan_config_result_data_t *result); // and no value line
 int reply_number(const char *who, Line<int> line, Status status, unsigned value,

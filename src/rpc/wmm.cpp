@@ -32,7 +32,7 @@ int wlan_get_og_aifsn_1_svc(int index, int ac, wlan_config_result_data_t *result
 }
 
 int wlan_set_og_aifsn_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmOgAifsn, "[aifsn=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmOgAifsn, "[aifsn=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_og_ecw_min_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -40,7 +40,7 @@ int wlan_get_og_ecw_min_1_svc(int index, int ac, wlan_config_result_data_t *resu
 }
 
 int wlan_set_og_ecw_min_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmOgEcwMin, "[ecwMin=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmOgEcwMin, "[ecwMin=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_og_ecw_max_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -48,7 +48,7 @@ int wlan_get_og_ecw_max_1_svc(int index, int ac, wlan_config_result_data_t *resu
 }
 
 int wlan_set_og_ecw_max_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmOgEcwMax, "[ecwMax=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmOgEcwMax, "[ecwMax=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_og_tx_op_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -56,7 +56,7 @@ int wlan_get_og_tx_op_1_svc(int index, int ac, wlan_config_result_data_t *result
 }
 
 int wlan_set_og_tx_op_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmOgTxOp, "[txOp=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmOgTxOp, "[txOp=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_og_ack_policy_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -64,7 +64,7 @@ int wlan_get_og_ack_policy_1_svc(int index, int ac, wlan_config_result_data_t *r
 }
 
 int wlan_set_og_ack_policy_1_svc(int index, int ac, bool value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmOgAckPolicy, "[policy=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmOgAckPolicy, "[policy=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_ic_aifsn_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -72,7 +72,7 @@ int wlan_get_ic_aifsn_1_svc(int index, int ac, wlan_config_result_data_t *result
 }
 
 int wlan_set_ic_aifsn_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmIcAifsn, "[aifsn=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmIcAifsn, "[aifsn=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_ic_ecw_min_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -80,7 +80,7 @@ int wlan_get_ic_ecw_min_1_svc(int index, int ac, wlan_config_result_data_t *resu
 }
 
 int wlan_set_ic_ecw_min_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmIcEcwMin, "[ecwMin=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmIcEcwMin, "[ecwMin=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_ic_ecw_max_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -88,7 +88,7 @@ int wlan_get_ic_ecw_max_1_svc(int index, int ac, wlan_config_result_data_t *resu
 }
 
 int wlan_set_ic_ecw_max_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmIcEcwMax, "[ecwMax=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmIcEcwMax, "[ecwMax=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_wmm_ic_tx_op_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -96,7 +96,7 @@ int wlan_get_wmm_ic_tx_op_1_svc(int index, int ac, wlan_config_result_data_t *re
 }
 
 int wlan_set_wmm_ic_tx_op_1_svc(int index, int ac, unsigned value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmIcTxOp, "[txOp=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmIcTxOp, "[txOp=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_wmm_ic_ack_policy_1_svc(int index, int ac, wlan_config_result_data_t *result) {
@@ -104,7 +104,7 @@ int wlan_get_wmm_ic_ack_policy_1_svc(int index, int ac, wlan_config_result_data_
 }
 
 int wlan_set_wmm_ic_ack_policy_1_svc(int index, int ac, bool value, wlan_config_return_code_e *result) {
-    return set_of(__func__, wlan_setWmmIcAckPolicy, "[policy=%d]\n", index, ac, value, result);
+    return set_selected(__func__, wlan_setWmmIcAckPolicy, "[policy=%d]\n", index, ac, value, result);
 }
 
 int wlan_get_wmm_apsd_1_svc(int index, wlan_config_result_data_t *result) {

@@ -143,7 +143,7 @@ int wlan_get_wps_registrar_device_name_1_svc(int index, int registrar_index,
 }
 
 int wlan_set_wps_cancel_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_setWpsCancel, index, result);
+    return run_action(__func__, wlan_setWpsCancel, index, result);
 }
 
 int wlan_get_wps_mode_1_svc(int index, wlan_config_result_data_t *result) {
@@ -170,7 +170,7 @@ int wlan_get_wps_status_1_svc(int index, wlan_config_result_data_t *result) {
 }
 
 int wlan_set_wps_pushbutton_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_setWpsPushButton, index, result);
+    return run_action(__func__, wlan_setWpsPushButton, index, result);
 }
 
 int wlan_set_wps_pinstart_1_svc(int index, const char *value, wlan_config_return_code_e *result) {
@@ -178,5 +178,5 @@ int wlan_set_wps_pinstart_1_svc(int index, const char *value, wlan_config_return
 }
 
 int wlan_set_wps_oob_1_svc(int index, wlan_config_return_code_e *result) {
-    return act(__func__, wlan_setWpsOOB, index, result);
+    return run_action(__func__, wlan_setWpsOOB, index, result);
 }

@@ -83,7 +83,7 @@ Status read_bandwidth(const char *ifname, int *ret_bandwidth) {
 Status remove_list_line(const char *who, const char *path) {
     const std::string command = std::string("sed -i '/OverwriteChannelList/d' ") + path;
     log_debug("[ZAV-API] %s command=%s\n", who, command.c_str());
-    return run_unchecked(command.c_str()) == -1 ? failure : success;
+    return run_unchecked(who, command.c_str(), tool_deadline) == -1 ? failure : success;
 }
 
 } // namespace

@@ -75,7 +75,7 @@ Status change_link(const char *who, int index, const char *state) {
         return failure;
     std::array<char, 48> command;
     std::snprintf(command.data(), command.size(), "ifconfig %s %s", ifname.data(), state);
-    return run_command(who, command.data());
+    return run_command(who, command.data(), {}, tool_deadline);
 }
 
 } // namespace

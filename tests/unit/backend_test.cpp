@@ -11,8 +11,10 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
@@ -155,6 +157,37 @@ TEST(Shell, PassesNoDescriptorAndNoSignalMaskOn) {
     EXPECT_EQ(run_command("who", ("test ! -e /proc/$$/fd/" + std::to_string(inherited)).c_str()), success);
     EXPECT_EQ(run_command("who", "kill -TERM $$; exit 1"), success) << "an end by a signal is no failure";
     sigprocmask(SIG_SETMASK, &before, nullptr);
+}
+
+// What is left of the process whose number the command wrote.
+static bool lives(const char *file) {
+    const std::string state =
+        read_text(("/proc/" + std::to_string(std::stoi(read_text(file))) + "/stat").c_str());
+    return !state.empty() && state.find(") Z ") == state.npos;
+}
+
+TEST(Shell, EndsACommandWithItsGroupAtTheDeadlineOnly) {
+    using namespace std::chrono_literals;
+    const auto begun = std::chrono::steady_clock::now();
+    std::string lines;
+    const auto take = [&](std::string_view line) { (lines += line) += '\n'; };
+    EXPECT_EQ(run_command("who", "sleep 60 & echo $! >left"), success);
+    EXPECT_EQ(read_command("who", "sleep 60 & echo $! >reading; printf 'a\nb'", 30s, take), success);
+    EXPECT_EQ(lines, "a\nb\n") << "without the end of its output";
+    testing::internal::CaptureStderr();
+    constexpr char stubborn[] = "trap '' TERM; echo c; sleep 60 & echo $! >below; wait; sleep 60; exit 1";
+    EXPECT_EQ(run_command("run", stubborn, {}, 1s), failure);
+    EXPECT_FALSE(lives("below"));
+    EXPECT_EQ(read_command("read", stubborn, 1s, take), failure);
+    EXPECT_EQ(run_unchecked("unchecked", "yes | cat >/dev/null", 1s), -1);
+    std::string said;
+    for (const char *who : {"run", "read", "unchecked"})
+        said += std::string("[ZAV-API] Error ") + who + " command took longer than 1 s.\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), said);
+    EXPECT_FALSE(lives("below"));
+    EXPECT_TRUE(lives("left") && lives("reading"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, 20s);
+    EXPECT_EQ(std::system("kill $(cat left reading)"), 0);
 }
 
 TEST(Driver, GetsCommandsOnceItIsInitialised) {

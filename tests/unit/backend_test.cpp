@@ -299,6 +299,11 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
     associate(9, "#\nVlanId0=7\nVlanId1=8\n", failure, "#\nVlanId0=7\nVlanId1=8\n",
               "search_vlan == entries ");
     associate(7, "", failure, "");
+    ASSERT_EQ(std::system("echo VlanId0=7 >other; ln -sf $PWD/other /tmp/ZAV750vlan.dat"), 0);
+    EXPECT_EQ(nvram_set_str("vlan", "VlanId0", "8"), failure);
+    ASSERT_EQ(std::system("cd /tmp && rm ZAV750vlan.dat && mkfifo ZAV750vlan.dat"), 0);
+    EXPECT_EQ(nvram_set_str("vlan", "VlanId0", "8"), failure);
+    ASSERT_EQ(std::system("grep -qx VlanId0=7 other && rm /tmp/ZAV750vlan.dat"), 0);
     struct Row {
         std::uint16_t vlan;
         std::string before, after;

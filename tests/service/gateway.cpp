@@ -126,8 +126,9 @@ unsigned find_port(pid_t process) {
 
 } // namespace
 
-Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment)
-    : daemon_(daemon_command(arguments), gateway_environment(environment), path("out"), path("err")),
+Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment,
+                 const std::string &out)
+    : daemon_(daemon_command(arguments), gateway_environment(environment), out, path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
 
 Client::Client(unsigned port) : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {

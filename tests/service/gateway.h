@@ -61,7 +61,8 @@ public:
 
     // `environment` is put before what the gateway's own says.
     explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"},
-                     const std::vector<std::string> &environment = {});
+                     const std::vector<std::string> &environment = {},
+                     const std::string &out = "/tmp/gateway/out");
 
     std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
                                     std::uint32_t *status = nullptr, int patience_ms = 5000) {

@@ -4,12 +4,16 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
@@ -128,6 +132,31 @@ TEST(Debug, LinesComeAndGoWithTheFile) {
     EXPECT_TRUE(spoken.ends_with("[ssid Gateway-2.4G]\n")) << spoken;
     gateway.call(get_ssid, word(1));
     EXPECT_EQ(read_file(gateway.path("out")), spoken);
+}
+
+TEST(Debug, AReaderThatStallsLosesLines) {
+    mkfifo("/tmp/stalled", 0600);
+    const int reader = open("/tmp/stalled", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    Gateway gateway({"127.0.0.1"}, {}, "/tmp/stalled");
+    const auto lines_of_calls = [&](int calls) {
+        for (; calls > 0; --calls)
+            EXPECT_TRUE(gateway.call(get_ssid, word(1)).has_value());
+        std::string text(1 << 20, '\0');
+        text.resize(static_cast<std::size_t>(std::max<ssize_t>(read(reader, text.data(), text.size()), 0)));
+        return text;
+    };
+    const auto count = [](const std::string &text) { return std::count(text.begin(), text.end(), '\n'); };
+    write_file("/tmp/wlandbg", "");
+    lines_of_calls(1); // counts the BSSes once
+    const auto lines = count(lines_of_calls(1));
+    const std::string first = lines_of_calls(1000), then = lines_of_calls(1);
+    std::filesystem::remove("/tmp/wlandbg");
+    int lost = 0;
+    EXPECT_EQ(std::sscanf(then.c_str(), "[ZAV-API] %d lines of the log are lost.\n", &lost), 1) << then;
+    EXPECT_EQ(count(first) + lost, 1000 * lines);
+    EXPECT_TRUE(first.ends_with('\n'));
+    EXPECT_EQ(count(then), lines + 1);
+    close(reader);
 }
 
 TEST(Transport, NumbersWithoutAProcedureAreUnavailable) {

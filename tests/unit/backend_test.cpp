@@ -159,11 +159,14 @@ TEST(Shell, PassesNoDescriptorAndNoSignalMaskOn) {
     sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
-// What is left of the process whose number the command wrote.
+// Whether the process whose number the command wrote lives on, a moment later.
 static bool lives(const char *file) {
-    const std::string state =
-        read_text(("/proc/" + std::to_string(std::stoi(read_text(file))) + "/stat").c_str());
-    return !state.empty() && state.find(") Z ") == state.npos;
+    const std::string stat = "/proc/" + std::to_string(std::stoi(read_text(file))) + "/stat";
+    for (int tries = 20; tries > 0; --tries, std::this_thread::sleep_for(std::chrono::milliseconds(10)))
+        if (const std::string state = read_text(stat.c_str());
+            state.empty() || state.find(") Z ") != state.npos)
+            return false;
+    return true;
 }
 
 TEST(Shell, EndsACommandWithItsGroupAtTheDeadlineOnly) {

@@ -156,7 +156,6 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     EXPECT_EQ(count(first) + lost, 1000 * lines);
     EXPECT_TRUE(first.ends_with('\n'));
     EXPECT_EQ(count(then), lines + 1);
-    close(reader);
 }
 
 TEST(Transport, NumbersWithoutAProcedureAreUnavailable) {

@@ -179,16 +179,13 @@ TEST(Shell, EndsACommandWithItsGroupAtTheDeadlineOnly) {
     EXPECT_EQ(lines, "a\nb\n") << "without the end of its output";
     testing::internal::CaptureStderr();
     constexpr char stubborn[] = "trap '' TERM; echo c; sleep 60 & echo $! >below; wait; sleep 60; exit 1";
-    EXPECT_EQ(run_command("run", stubborn, {}, 1s), failure);
+    EXPECT_EQ(run_command("who", stubborn, {}, 1s), failure);
     EXPECT_FALSE(lives("below"));
-    EXPECT_EQ(read_command("read", stubborn, 1s, take), failure);
-    EXPECT_EQ(run_unchecked("unchecked", "yes | cat >/dev/null", 1s), -1);
-    std::string said;
-    for (const char *who : {"run", "read", "unchecked"})
-        said += std::string("[ZAV-API] Error ") + who + " command took longer than 1 s.\n";
-    EXPECT_EQ(testing::internal::GetCapturedStderr(), said);
-    EXPECT_FALSE(lives("below"));
-    EXPECT_TRUE(lives("left") && lives("reading"));
+    EXPECT_EQ(read_command("who", stubborn, 1s, take), failure);
+    EXPECT_EQ(run_unchecked("who", "yes | cat >/dev/null", 1s), -1);
+    const std::string said = "[ZAV-API] Error who command took longer than 1 s.\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), said + said + said);
+    EXPECT_TRUE(lives("left") && lives("reading") && !lives("below"));
     EXPECT_LT(std::chrono::steady_clock::now() - begun, 20s);
     EXPECT_EQ(std::system("kill $(cat left reading)"), 0);
 }
@@ -303,8 +300,6 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
               "search_vlan == entries ");
     associate(7, "", failure, "");
     ASSERT_EQ(std::system("echo VlanId0=7 >other; ln -sf $PWD/other /tmp/ZAV750vlan.dat"), 0);
-    EXPECT_EQ(nvram_set_str("vlan", "VlanId0", "8"), failure);
-    ASSERT_EQ(std::system("cd /tmp && rm ZAV750vlan.dat && mkfifo ZAV750vlan.dat"), 0);
     EXPECT_EQ(nvram_set_str("vlan", "VlanId0", "8"), failure);
     ASSERT_EQ(std::system("grep -qx VlanId0=7 other && rm /tmp/ZAV750vlan.dat"), 0);
     struct Row {

@@ -216,15 +216,12 @@ TEST(BasicStats, NeedAKnownKeyAndThePlatformsTools) {
               "[ZAV-API] Error ZAV_GetBasicStats unknown stat key (wlan_totalBytesReceived).\n");
 
     // Whoever waits in /tmp for what root writes there.
-    for (const std::string plant : {"ln -s victim", "ln victim", "mkfifo", "mkdir", "install -D victim"}) {
-        SCOPED_TRACE(plant);
-        const bool stays = plant.starts_with("install");
-        const std::string command =
-            "cd /tmp && rm -rf ByteSent && echo kept >victim && " + plant + " ByteSent";
-        ASSERT_EQ(std::system((command + (stays ? "/victim" : "")).c_str()), 0);
+    for (const std::string plant : {"ln -s victim ByteSent", "ln victim ByteSent", "mkfifo ByteSent",
+                                    "mkdir ByteSent", "install -D victim ByteSent/stays"}) {
+        ASSERT_EQ(std::system(("cd /tmp; rm -rf ByteSent; echo kept >victim; " + plant).c_str()), 0);
         EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesSent", &value), failure);
-        EXPECT_EQ(std::system("grep -q kept /tmp/victim"), 0);
-        EXPECT_EQ(std::filesystem::is_regular_file("/tmp/ByteSent"), !stays);
+        EXPECT_EQ(std::system("grep -q kept /tmp/victim"), 0) << plant;
+        EXPECT_EQ(std::filesystem::is_regular_file("/tmp/ByteSent"), !plant.ends_with("stays")) << plant;
     }
 
     ASSERT_EQ(setenv("PATH", "/nowhere", 1), 0);

@@ -16,7 +16,7 @@ std::string image_of(const Answer &answer) {
 std::size_t places_of(std::span<const Field> fields, const Field &field, std::string_view whole) {
     const std::uint64_t counted =
         field.form == Form::table ? number_in(place_of(fields.front(), 0, whole)) : field.places;
-    return std::min<std::uint64_t>(counted, field.places);
+    return static_cast<std::size_t>(std::min<std::uint64_t>(counted, field.places));
 }
 
 std::string_view place_of(const Field &field, std::size_t place, std::string_view whole) {

@@ -221,7 +221,9 @@ Status RemoveChannelInfoFromNvram(const SettingsFile &settings) {
             return success;
         const std::string command = std::string("sed -i '/OverwriteChannelList/d' ") + path;
         log_debug("[ZAV-API] %s command=%s\n", who, command.c_str());
-        return run_unchecked(command.c_str()) == -1 ? failure : success; // and its exit status does not count
+        return run_unchecked(who, command.c_str(), tool_deadline) == -1
+                   ? failure
+                   : success; // and its exit status does not count
     });
 }
 

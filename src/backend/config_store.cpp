@@ -55,7 +55,8 @@ Descriptor open_settings(const SettingsFile &file) {
     const char *path = nullptr;
     if (getNvramPath(file.store, &path) != success)
         return Descriptor(-1);
-    return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK));
+    const int links = path == vlan_file ? O_NOFOLLOW : 0; // anybody may write beside it
+    return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK | links));
 }
 
 std::optional<std::string_view> read_settings(const Descriptor &file) {

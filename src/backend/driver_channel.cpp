@@ -72,7 +72,8 @@ Status change_link(const char *who, int index, const char *state) {
     Bss bss;
     if (find_bss(index, &bss) != success)
         return failure;
-    return run_command(who, std::string("ifconfig ").append(bss.name.data()).append(state).c_str());
+    return run_command(who, std::string("ifconfig ").append(bss.name.data()).append(state).c_str(), {},
+                       tool_deadline);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "backend/result_file.h"
 
+#include "backend/descriptor.h"
 #include "backend/log.h"
 #include "backend/text.h"
 
@@ -9,7 +10,10 @@
 #include <climits>
 #include <cstdio>
 #include <cstring>
+#include <fcntl.h>
 #include <memory>
+#include <sys/stat.h>
+#include <unistd.h>
 
 Status read_first_line(const char *who, const char *path, std::span<char> ret_line) {
     log_debug("[ZAV-API] %s entry (file=%s).\n", who, path);
@@ -26,6 +30,28 @@ Status read_first_line(const char *who, const char *path, std::span<char> ret_li
     }
     ret_line[std::strcspn(ret_line.data(), "\n")] = '\0';
     return std::strncmp(ret_line.data(), "usage:", 6) == 0 ? failure : success;
+}
+
+namespace {
+
+bool is_ours(const struct stat &file) {
+    return S_ISREG(file.st_mode) && file.st_uid == geteuid() && file.st_nlink == 1;
+}
+
+} // namespace
+
+// It is made here, not by the command: what others may not remove, they cannot put a link in the place of.
+Status claim_result_file(const char *who, const char *path) {
+    struct stat found {};
+    const bool stands = lstat(path, &found) == 0;
+    if (!stands || is_ours(found) || std::remove(path) == 0) {
+        errno = 0;
+        const Descriptor file(open(path, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0644));
+        if (file.valid() && fstat(file.get(), &found) == 0 && is_ours(found))
+            return success;
+    }
+    log_error("[ZAV-API] Error %s %s cannot be made %s (%d).\n", who, path, strerror(errno), errno);
+    return failure;
 }
 
 Status get_int_value(const char *path, unsigned *ret_value) {

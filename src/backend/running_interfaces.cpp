@@ -7,7 +7,7 @@ Radios GET_RUNNING_INTERFACES() {
     constexpr char command[] = "ifconfig";
     log_debug("[ZAV-API] %s command=%s.\n", __func__, command);
     bool has_24g = false, has_5g = false;
-    const Status read = read_command(command, [&](std::string_view line) {
+    const Status read = read_command(__func__, command, tool_deadline, [&](std::string_view line) {
         has_24g = has_24g || line.starts_with("zvi0");
         has_5g = has_5g || line.starts_with("zv0");
     });

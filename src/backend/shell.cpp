@@ -3,29 +3,38 @@
 #include "backend/descriptor.h"
 #include "backend/log.h"
 
+#include <algorithm>
 #include <array>
 #include <cerrno>
 #include <csignal>
-#include <cstdio>
-#include <cstring>
 #include <fcntl.h>
-#include <memory>
-#include <optional>
+#include <poll.h>
 #include <spawn.h>
 #include <string>
+#include <sys/syscall.h>
 #include <sys/wait.h>
+#include <thread>
+#include <unistd.h>
 #include <utility>
+#include <vector>
 
 extern char **environ;
 
 namespace {
 
-// No signals blocked, none ignored.
-bool set_signals(posix_spawnattr_t *attributes) {
+using Clock = std::chrono::steady_clock;
+
+constexpr std::chrono::seconds time_to_clean_up{2}; // between SIGTERM and SIGKILL
+constexpr std::chrono::seconds time_to_die{1};
+
+// No signals blocked, none ignored; the leader of a group.
+bool set_attributes(posix_spawnattr_t *attributes) {
     sigset_t none, all;
     sigemptyset(&none);
     sigfillset(&all);
-    return posix_spawnattr_setflags(attributes, POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF) == 0 &&
+    constexpr short flags = POSIX_SPAWN_SETSIGMASK | POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETPGROUP;
+    return posix_spawnattr_setflags(attributes, flags) == 0 &&
+           posix_spawnattr_setpgroup(attributes, 0) == 0 &&
            posix_spawnattr_setsigmask(attributes, &none) == 0 &&
            posix_spawnattr_setsigdefault(attributes, &all) == 0;
 }
@@ -37,7 +46,7 @@ bool set_files(posix_spawn_file_actions_t *files, int output) {
 }
 
 // Not system(): that ignores SIGINT and SIGQUIT in the whole process for as long as a worker's script runs.
-pid_t start_shell(const char *command, int output) {
+pid_t spawn_shell(const char *command, int output) {
     posix_spawnattr_t attributes;
     if (posix_spawnattr_init(&attributes) != 0)
         return -1;
@@ -50,7 +59,7 @@ pid_t start_shell(const char *command, int output) {
     std::string text(command); // the words are not const
     char *const words[] = {shell.data(), option.data(), text.data(), nullptr};
     pid_t child = -1;
-    if (!set_signals(&attributes) || !set_files(&files, output) ||
+    if (!set_attributes(&attributes) || !set_files(&files, output) ||
         posix_spawn(&child, "/bin/sh", &files, &attributes, words, environ) != 0)
         child = -1;
     posix_spawn_file_actions_destroy(&files);
@@ -58,45 +67,137 @@ pid_t start_shell(const char *command, int output) {
     return child;
 }
 
-// The wait status, or -1.
-int wait_for(pid_t child) {
-    int status = -1;
-    while (waitpid(child, &status, 0) < 0)
-        if (errno != EINTR)
-            return -1;
-    return status;
+// A process in a call that nothing interrupts outlives SIGKILL; its shell is waited for by later commands.
+std::mutex unending_mutex;
+std::vector<pid_t> unending;
+
+void wait_for_unending() {
+    const std::lock_guard held(unending_mutex);
+    std::erase_if(unending, [](pid_t shell) { return waitpid(shell, nullptr, WNOHANG) != 0; });
 }
 
-// The wait status, or -1.
-int run(const char *command, std::unique_lock<std::mutex> held = {}) {
-    const pid_t child = start_shell(command, STDOUT_FILENO);
-    if (held)
-        held.unlock();
-    return child < 0 ? -1 : wait_for(child);
-}
-
-// As much of a line as fits, its line feed included.
-constexpr int longest_piece = 256;
-struct Piece {
-    std::array<char, longest_piece> text;
-    std::size_t length;
+// A shell that was started. It is waited for once, at the end: until then its group's number is not given
+// away.
+struct Shell {
+    pid_t id;       // -1: it was not started
+    Descriptor end; // can be read when the shell has ended; not valid where descriptors are short
+    std::chrono::seconds patience;
+    Clock::time_point deadline;
 };
 
-// A zero byte is a byte of the line like any other: the fill tells where the text ends, not the first zero.
-std::optional<Piece> next_piece(FILE *output) {
-    Piece piece{};
-    piece.text.fill('\n');
-    if (std::fgets(piece.text.data(), longest_piece, output) == nullptr)
-        return std::nullopt;
-    piece.length = std::string_view(piece.text.data(), piece.text.size()).find_last_not_of('\n');
-    return piece;
+Shell start_shell(const char *command, int output, std::chrono::seconds patience) {
+    wait_for_unending();
+    const pid_t id = spawn_shell(command, output);
+    const auto end = id < 0 ? -1 : static_cast<int>(syscall(SYS_pidfd_open, id, 0));
+    return {id, Descriptor(end), patience, Clock::now() + patience};
+}
+
+bool has_ended(const Shell &shell) {
+    siginfo_t end{};
+    return waitid(P_PID, static_cast<id_t>(shell.id), &end, WEXITED | WNOHANG | WNOWAIT) != 0 ||
+           end.si_pid != 0;
+}
+
+// Sleeps until `until`, unless the shell ends or its output (-1: none) can be read; or for a shorter time.
+void sleep_beside(const Shell &shell, int output, Clock::time_point until) {
+    using std::chrono::milliseconds;
+    std::array<pollfd, 2> events{{{shell.end.get(), POLLIN, 0}, {output, POLLIN, 0}}};
+    const milliseconds longest = shell.end.valid() ? script_deadline : milliseconds(10);
+    const auto left = std::chrono::ceil<milliseconds>(until - Clock::now());
+    (void)poll(events.data(), events.size(),
+               static_cast<int>(std::clamp(left, milliseconds(0), longest).count()));
+}
+
+bool ends_by(const Shell &shell, Clock::time_point until) {
+    while (!has_ended(shell)) {
+        if (Clock::now() >= until)
+            return false;
+        sleep_beside(shell, -1, until);
+    }
+    return true;
+}
+
+// The group gets all of its time: the shell may be gone while a script below it still cleans up.
+void end_group(const char *who, const Shell &shell) {
+    log_error("[ZAV-API] Error %s command took longer than %d s.\n", who,
+              static_cast<int>(shell.patience.count()));
+    kill(-shell.id, SIGTERM);
+    std::this_thread::sleep_for(time_to_clean_up);
+    kill(-shell.id, SIGKILL);
+    if (ends_by(shell, Clock::now() + time_to_die)) {
+        (void)waitpid(shell.id, nullptr, 0);
+        return;
+    }
+    const std::lock_guard held(unending_mutex);
+    unending.push_back(shell.id);
+}
+
+// The wait status, or -1.
+int finish(const char *who, const Shell &shell) {
+    if (shell.id < 0)
+        return -1;
+    if (!ends_by(shell, shell.deadline)) {
+        end_group(who, shell);
+        return -1;
+    }
+    int status = -1;
+    return waitpid(shell.id, &status, 0) < 0 ? -1 : status;
+}
+
+// Makes lines of what comes in pieces, and cuts them. A zero byte is a byte of the line like any other.
+class Lines {
+public:
+    explicit Lines(const std::function<void(std::string_view line)> &take_line) : take_line_(take_line) {}
+
+    void add(std::string_view piece) {
+        for (const char byte : piece) {
+            if (byte == '\n')
+                end_line();
+            else if (length_ < line_.size())
+                line_.at(length_++) = byte;
+        }
+    }
+    void end() {
+        if (length_ > 0)
+            end_line();
+    }
+
+private:
+    void end_line() { take_line_({line_.data(), std::exchange(length_, 0)}); }
+
+    const std::function<void(std::string_view line)> &take_line_;
+    std::array<char, 255> line_{};
+    std::size_t length_ = 0;
+};
+
+// Reads until the output ends, the command, or its time. False when it cannot be read.
+bool read_lines(const Shell &shell, int output, Lines *lines) {
+    std::array<char, 1024> piece;
+    for (bool ended = false; Clock::now() < shell.deadline;) {
+        ended = ended || has_ended(shell); // before the read: what is there then is all of it
+        const ssize_t length = read(output, piece.data(), piece.size());
+        if (length > 0)
+            lines->add({piece.data(), static_cast<std::size_t>(length)});
+        else if (length == 0 || (errno == EAGAIN && ended))
+            break;
+        else if (errno == EAGAIN)
+            sleep_beside(shell, output, shell.deadline);
+        else if (errno != EINTR)
+            return false;
+    }
+    lines->end();
+    return true;
 }
 
 } // namespace
 
-Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held) {
+Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held,
+                   std::chrono::seconds deadline) {
     log_debug("[ZAV-API] %s command=%s\n", who, command);
-    const int rc = run(command, std::move(held));
+    const Shell shell = start_shell(command, STDOUT_FILENO, deadline);
+    if (held)
+        held.unlock();
+    const int rc = finish(who, shell);
     if (rc == -1)
         return failure;
     // Only the exit status byte counts: a shell that a signal ended has done its work as far as is known.
@@ -108,35 +209,25 @@ Status run_command(const char *who, const char *command, std::unique_lock<std::m
     return success;
 }
 
-int run_unchecked(const char *command) {
-    const int rc = run(command);
+int run_unchecked(const char *who, const char *command, std::chrono::seconds deadline) {
+    const int rc = finish(who, start_shell(command, STDOUT_FILENO, deadline));
     return rc == -1 ? -1 : WEXITSTATUS(rc);
 }
 
-Status read_command(const char *command, const std::function<void(std::string_view line)> &take_line) {
+Status read_command(const char *who, const char *command, std::chrono::seconds deadline,
+                    const std::function<void(std::string_view line)> &take_line) {
     std::array<int, 2> ends;
     if (pipe2(ends.data(), O_CLOEXEC) != 0)
         return failure;
     Descriptor reading(ends[0]), writing(ends[1]);
-    const pid_t child = start_shell(command, writing.get());
-    (void)writing.close();
-    if (child < 0)
+    if (fcntl(reading.get(), F_SETFL, O_NONBLOCK) != 0)
         return failure;
-    std::unique_ptr<FILE, int (*)(FILE *)> output(fdopen(reading.get(), "r"), std::fclose);
-    if (output)
-        (void)reading.release(); // the stream closes it
-    else
-        (void)reading.close(); // so that the command does not wait for a reader
-    for (bool begins = true; output;) {
-        const auto piece = next_piece(output.get());
-        if (!piece)
-            break;
-        const std::string_view text(piece->text.data(), piece->length);
-        if (begins)
-            take_line(text.substr(0, text.find('\n')));
-        begins = text.ends_with('\n');
-    }
-    const bool is_whole = output && std::ferror(output.get()) == 0;
-    output.reset(); // before the wait: the command may still write
-    return wait_for(child) == -1 || !is_whole ? failure : success;
+    const Shell shell = start_shell(command, writing.get(), deadline);
+    (void)writing.close();
+    if (shell.id < 0)
+        return failure;
+    Lines lines(take_line);
+    const bool is_whole = read_lines(shell, reading.get(), &lines);
+    (void)reading.close(); // before the wait: the command may still write
+    return finish(who, shell) == -1 || !is_whole ? failure : success;
 }

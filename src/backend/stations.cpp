@@ -159,8 +159,11 @@ Status ZAV_GetBasicStats(int index, const char *key, unsigned *ret_value) {
     log_debug("[ZAV-API] %s command=%s.\n", __func__, command.data());
     std::array<char, 32> path;
     std::snprintf(path.data(), path.size(), "/tmp/%s", stat->file);
+    if (claim_result_file(__func__, path.data()) != success)
+        return failure;
     constexpr int no_program = 127;
-    if (const int status = run_unchecked(command.data()); status == -1 || status == no_program)
+    if (const int status = run_unchecked(__func__, command.data(), tool_deadline);
+        status == -1 || status == no_program)
         return failure;
     if (get_int_value(path.data(), ret_value) != success)
         return failure;

@@ -34,13 +34,13 @@ Status restart_wps_daemon(const char *who, const WpsRadio &radio) {
     std::array<char, 64> address; // longer than any address, so that none is made of a longer text
     std::array<char, 200> command;
     log_debug("[ZAV-API] %s command=%s\n", who, routes);
-    if (run_unchecked(routes) == -1 || read_host_address(who, address) != success)
+    if (run_unchecked(who, routes, tool_deadline) == -1 || read_host_address(who, address) != success)
         return failure;
     std::snprintf(
         command.data(), command.size(),
         "killall -9 wscd ; sleep 1 ; $zav_install_dir/wscd -D -w $zav_install_dir/xml -m 1 -i %s -a %s",
         radio.first.name.data(), address.data());
-    return run_command(who, command.data());
+    return run_command(who, command.data(), {}, tool_deadline);
 }
 
 Status secure(const WpsRadio &radio) {

@@ -22,7 +22,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t *data, std::size_t size
         assert(list == "0" || (list.ends_with(",0") && list.find_first_of("123456789") != list.npos));
         return 0;
     }
-    const auto lines = std::count(text.begin(), text.end(), '\n') + (text.back() == '\n' ? 0 : 1);
+    const auto ends = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n'));
+    const std::size_t lines = ends + (text.back() == '\n' ? 0 : 1);
     assert(list.empty() && fault.line >= 1 && fault.line <= lines && std::strlen(fault.message) > 0);
     assert(fault.argument.empty() || fault.argument == "US");
     return 0;

@@ -128,8 +128,8 @@ unsigned find_port(pid_t process) {
 } // namespace
 
 Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment,
-                 const std::string &start)
-    : daemon_(daemon_command(arguments, start), gateway_environment(environment), path("out"), path("err")),
+                 const std::string &start, const std::string &out)
+    : daemon_(daemon_command(arguments, start), gateway_environment(environment), out, path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
 
 Client::Client(unsigned port, const char *server, const char *own)

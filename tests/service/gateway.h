@@ -65,7 +65,8 @@ public:
     // `environment` goes on top of the gateway's own. `start` is what a shell does instead of only starting
     // the daemon; then there is no simulated driver.
     explicit Gateway(const std::vector<std::string> &arguments = {"127.0.0.1"},
-                     const std::vector<std::string> &environment = {}, const std::string &start = "");
+                     const std::vector<std::string> &environment = {}, const std::string &start = "",
+                     const std::string &out = "/tmp/gateway/out");
 
     std::optional<std::string> call(std::uint32_t procedure, std::string_view arguments,
                                     std::uint32_t *status = nullptr, int patience_ms = 5000) {

@@ -4,19 +4,24 @@
 
 #include <algorithm>
 #include <csignal>
+#include <cstdio>
 #include <cstdlib>
+#include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
-#include <sys/resource.h>
 #include <regex>
+#include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
+#include <unistd.h>
 
 namespace {
 
 constexpr std::uint32_t proc_unavailable = 3, garbage_arguments = 4;
-constexpr std::uint32_t load = 1, reset = 3, set_max_bitrate = 15, get_ssid = 21, set_ssid = 22, restore_defaults = 178;
+constexpr std::uint32_t load = 1, reset = 3, set_max_bitrate = 15, get_ssid = 21, set_ssid = 22,
+                        restore_defaults = 178;
 
 #ifdef SANITIZED
 constexpr long may_grow = 1L << 40; // a sanitizer's own memory does
@@ -196,6 +201,30 @@ TEST(Debug, LinesComeAndGoWithTheFile) {
     EXPECT_TRUE(spoken.ends_with("[ssid Gateway-2.4G]\n")) << spoken;
     gateway.call(get_ssid, word(1));
     EXPECT_EQ(read_file(gateway.path("out")), spoken);
+}
+
+TEST(Debug, AReaderThatStallsLosesLines) {
+    mkfifo("/tmp/stalled", 0600);
+    const int reader = open("/tmp/stalled", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
+    Gateway gateway({"127.0.0.1"}, {}, "", "/tmp/stalled");
+    const auto lines_of_calls = [&](int calls) {
+        for (; calls > 0; --calls)
+            EXPECT_TRUE(gateway.call(get_ssid, word(1)).has_value());
+        std::string text(1 << 20, '\0');
+        text.resize(static_cast<std::size_t>(std::max<ssize_t>(read(reader, text.data(), text.size()), 0)));
+        return text;
+    };
+    const auto count = [](const std::string &text) { return std::count(text.begin(), text.end(), '\n'); };
+    write_file("/tmp/wlandbg", "");
+    lines_of_calls(1); // counts the BSSes once
+    const auto lines = count(lines_of_calls(1));
+    const std::string first = lines_of_calls(1000), then = lines_of_calls(1);
+    std::filesystem::remove("/tmp/wlandbg");
+    int lost = 0;
+    EXPECT_EQ(std::sscanf(then.c_str(), "[ZAV-API] %d lines of the log are lost.\n", &lost), 1) << then;
+    EXPECT_EQ(count(first) + lost, 1000 * lines);
+    EXPECT_TRUE(first.ends_with('\n'));
+    EXPECT_EQ(count(then), lines + 1);
 }
 
 TEST(Transport, NumbersWithoutAProcedureAreUnavailable) {

@@ -15,8 +15,11 @@
 
 #include <atomic>
 #include <cerrno>
+#include <chrono>
 #include <climits>
 #include <csignal>
+#include <cstdlib>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <sys/syscall.h>
 #include <thread>
@@ -157,6 +160,37 @@ TEST(Shell, PassesNoDescriptorAndNoSignalMaskOn) {
     sigprocmask(SIG_SETMASK, &before, nullptr);
 }
 
+// Whether the process whose number the command wrote lives on, a moment later.
+static bool lives(const char *file) {
+    const std::string stat = "/proc/" + std::to_string(std::stoi(read_file(file))) + "/stat";
+    for (int tries = 20; tries > 0; --tries, std::this_thread::sleep_for(std::chrono::milliseconds(10)))
+        if (const std::string state = read_file(stat.c_str());
+            state.empty() || state.find(") Z ") != state.npos)
+            return false;
+    return true;
+}
+
+TEST(Shell, EndsACommandWithItsGroupAtTheDeadlineOnly) {
+    using namespace std::chrono_literals;
+    const auto begun = std::chrono::steady_clock::now();
+    std::string lines;
+    const auto take = [&](std::string_view line) { (lines += line) += '\n'; };
+    EXPECT_EQ(run_command("who", "sleep 60 & echo $! >left"), success);
+    EXPECT_EQ(read_command("who", "sleep 60 & echo $! >reading; printf 'a\nb'", 30s, take), success);
+    EXPECT_EQ(lines, "a\nb\n") << "without the end of its output";
+    testing::internal::CaptureStderr();
+    constexpr char stubborn[] = "trap '' TERM; echo c; sleep 60 & echo $! >below; wait; sleep 60; exit 1";
+    EXPECT_EQ(run_command("who", stubborn, {}, 1s), failure);
+    EXPECT_FALSE(lives("below"));
+    EXPECT_EQ(read_command("who", stubborn, 1s, take), failure);
+    EXPECT_EQ(run_unchecked("who", "yes | cat >/dev/null", 1s), -1);
+    const std::string said = "[ZAV-API] Error who command took longer than 1 s.\n";
+    EXPECT_EQ(testing::internal::GetCapturedStderr(), said + said + said);
+    EXPECT_TRUE(lives("left") && lives("reading") && !lives("below"));
+    EXPECT_LT(std::chrono::steady_clock::now() - begun, 20s);
+    EXPECT_EQ(std::system("kill $(cat left reading)"), 0);
+}
+
 TEST(Driver, GetsCommandsOnceItIsInitialised) {
     start_with("8", "8");
     write_file("log", "");
@@ -268,6 +302,9 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
     associate(9, "#\nVlanId0=7\nVlanId1=8\n", failure, "#\nVlanId0=7\nVlanId1=8\n",
               "search_vlan == entries ");
     associate(7, "", failure, "");
+    ASSERT_EQ(std::system("echo VlanId0=7 >other; ln -sf $PWD/other /tmp/ZAV750vlan.dat"), 0);
+    EXPECT_EQ(nvram_set_str(settings_vlan, "VlanId0", "8"), failure);
+    ASSERT_EQ(std::system("grep -qx VlanId0=7 other && rm /tmp/ZAV750vlan.dat"), 0);
     struct Row {
         std::uint16_t vlan;
         std::string before, after;

@@ -8,6 +8,7 @@
 #include <climits>
 #include <cstdlib>
 #include <cstring>
+#include <filesystem>
 #include <gtest/gtest.h>
 #include <memory>
 
@@ -208,6 +209,15 @@ TEST(BasicStats, NeedAKnownKeyAndThePlatformsTools) {
     EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesReceived", &value), failure);
     EXPECT_EQ(testing::internal::GetCapturedStderr(),
               "[ZAV-API] Error ZAV_GetBasicStats unknown stat key (wlan_totalBytesReceived).\n");
+
+    // Whoever waits in /tmp for what root writes there.
+    for (const std::string plant : {"ln -s victim ByteSent", "ln victim ByteSent", "mkfifo ByteSent",
+                                    "mkdir ByteSent", "install -D victim ByteSent/stays"}) {
+        ASSERT_EQ(std::system(("cd /tmp; rm -rf ByteSent; echo kept >victim; " + plant).c_str()), 0);
+        EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesSent", &value), failure);
+        EXPECT_EQ(std::system("grep -q kept /tmp/victim"), 0) << plant;
+        EXPECT_EQ(std::filesystem::is_regular_file("/tmp/ByteSent"), !plant.ends_with("stays")) << plant;
+    }
 
     ASSERT_EQ(setenv("PATH", "/nowhere", 1), 0);
     testing::internal::CaptureStderr();

@@ -52,14 +52,11 @@ std::string read_data(std::istream &line) {
     char mark = 0;
     std::vector<std::uint32_t> numbers;
     line >> code >> mark;
-    for (std::uint32_t number = 0; line >> number;) {
+    for (std::uint32_t number = 0; line >> number; line >> mark)
         numbers.push_back(number);
-        line >> std::ws;
-        if (line.peek() == ',')
-            line.get();
-    }
     line.clear();
-    line >> mark;
+    if (numbers.empty())
+        line >> mark;
     std::string data = read_quoted(line);
     if (std::size_t size = 0; line >> size)
         data.resize(size);
@@ -130,26 +127,20 @@ void read_row(const std::string &text, const std::string &area, std::vector<Gold
     }
 }
 
-void read_file_of_rows(const std::filesystem::path &path, std::vector<GoldenCase> &cases) {
-    int number = 0;
-    for (const std::string &row : lines_of(read_file(path))) {
-        ++number;
-        if (row.empty())
-            continue;
+void read_rows(const std::filesystem::path &path, std::vector<GoldenCase> &cases) {
+    for (const std::string &row : lines_of(read_file(path)))
         try {
-            read_row(row, path.stem(), cases);
+            if (!row.empty())
+                read_row(row, path.stem(), cases);
         } catch (const std::exception &error) {
-            throw std::runtime_error(path.string() + ":" + std::to_string(number) + ": " + error.what());
+            throw std::runtime_error(path.string() + ": " + row + ": " + error.what());
         }
-    }
 }
 
 void start_driver(Gateway &gateway) {
     constexpr std::uint32_t load = 1, init = 2, in_progress = 3;
     gateway.call(load, word(245));
-    std::optional<std::string> answer;
-    await([&] { return (answer = gateway.call(init, "")) != word(in_progress); });
-    if (answer != word(0))
+    if (gateway.settled(init, "", word(in_progress)) != word(0))
         throw std::runtime_error("the driver does not come up");
 }
 
@@ -160,7 +151,7 @@ std::vector<GoldenCase> read_golden() {
     const std::filesystem::directory_iterator files(SOURCE_DIR "/tests/golden");
     for (const auto &file : std::set(begin(files), end(files)))
         if (file.path().extension() == ".golden")
-            read_file_of_rows(file, cases);
+            read_rows(file, cases);
     return cases;
 }
 

@@ -69,12 +69,7 @@ void compare(const char *what, const Lines &came, const Lines &expected) {
                       << "\ncame:" << around(came, at);
 }
 
-class Golden : public testing::TestWithParam<GoldenCase> {
-protected:
-    static void SetUpTestSuite() { gateway = new Gateway; }
-    static void TearDownTestSuite() { delete std::exchange(gateway, nullptr); }
-    static inline Gateway *gateway = nullptr;
-};
+class Golden : public testing::TestWithParam<GoldenCase> {};
 
 // The expected lines, a worker's between the others as they came.
 Lines woven(Lines out, Lines later, const Lines &came) {
@@ -113,10 +108,11 @@ void play(Gateway &gateway, const GoldenCall &call) {
 }
 
 TEST_P(Golden, Answers) {
-    const Played played(*gateway, GetParam());
+    static Gateway gateway;
+    const Played played(gateway, GetParam());
     write_file("/tmp/wlandbg", "");
     for (const GoldenCall &call : GetParam().calls)
-        play(*gateway, call);
+        play(gateway, call);
 }
 
 const std::vector<GoldenCase> &golden_cases() {

@@ -5,7 +5,7 @@ import re
 import struct
 from pathlib import Path
 
-GOLDEN = Path(__file__).resolve().parents[2] / "tests"
+GOLDEN = Path(__file__).resolve().parents[2] / "tests" / "golden"
 FORMAT = 1
 XID = 0x57C0FFEE
 ESCAPES = {"n": 0x0A, "t": 0x09, "0": 0x00, "\\": 0x5C, '"': 0x22}
@@ -100,7 +100,7 @@ def _refusals(protocol):
 
 def write(protocol):
     """vectors.json"""
-    cases = [case for path in sorted(GOLDEN.rglob("*.golden")) for case in _cases(protocol, path)]
+    cases = [case for path in sorted(GOLDEN.glob("*.golden")) for case in _cases(protocol, path)]
     whole = {
         "format": FORMAT, "program": protocol.program["number"], "version": protocol.program["version"],
         "state": "Each case begins on the simulated gateway in factory state; `given` names files of its state directory "

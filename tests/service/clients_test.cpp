@@ -16,27 +16,6 @@
 
 namespace {
 
-struct Outcome {
-    int status;
-    std::string out, err;
-};
-
-Outcome run(const std::string &program, const std::vector<std::string> &arguments) {
-    std::filesystem::remove("/tmp/run.out");
-    std::filesystem::remove("/tmp/run.err");
-    std::vector<std::string> command{BINARY_DIR "/bin/" + program};
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    Process process(command, {}, "/tmp/run.out", "/tmp/run.err");
-    const auto status = process.ended(std::chrono::seconds(30));
-    return {status && WIFEXITED(*status) ? WEXITSTATUS(*status) : -1, read_file("/tmp/run.out"),
-            read_file("/tmp/run.err")};
-}
-
-std::vector<std::string> join(std::vector<std::string> words, const std::vector<std::string> &more) {
-    words.insert(words.end(), more.begin(), more.end());
-    return words;
-}
-
 std::string from_hex(const std::string &digits) {
     std::string bytes;
     for (std::size_t i = 0; i + 1 < digits.size(); i += 2)
@@ -101,7 +80,7 @@ auto play(Gateway &gateway, const GoldenCase &golden, Ask ask) {
 TEST(Clients, TheGeneratedOneAndWlanctlAgree) {
     Gateway gateway;
     std::set<unsigned> seen;
-    for (GoldenCase &golden : read_golden(SOURCE_DIR "/tests/procedures.golden")) {
+    for (GoldenCase &golden : read_golden()) {
         std::erase_if(golden.calls, [](const GoldenCall &call) { return !call.reply; }); // nothing to compare
         const std::size_t before = seen.size();
         for (const GoldenCall &call : golden.calls)
@@ -378,15 +357,11 @@ std::string run_on_terminal(const std::string &words) {
 TEST(Wlanctl, StopsWaitingAtCtrlCAndTheInitGoesOn) {
     Gateway gateway;
     write_file(script_fault + "init.delay", "3500");
-    const auto count = [](const std::string &wanted) {
-        const std::string log = read_file(log_file);
-        return log.find(wanted) == log.npos ? 0 : log.find(wanted) == log.rfind(wanted) ? 1 : 2;
-    };
     const std::string wlanctl = BINARY_DIR "/bin/wlanctl";
     Process waiting({wlanctl, "up"}, {}, "/tmp/up.out", "/tmp/up.err");
     Process deaf({"/bin/sh", "-c", "trap '' INT; exec " + wlanctl + " --timeout 1 up"}, {}, "/tmp/deaf.out",
                  "/tmp/deaf.err");
-    while (count("init dual") == 0)
+    while (gateway.count("log", "init dual") == 0)
         ASSERT_FALSE(waiting.ended(std::chrono::milliseconds(10)));
     kill(waiting.id(), SIGINT);
     EXPECT_EQ(how_it_ended(waiting), 130);
@@ -403,7 +378,7 @@ TEST(Wlanctl, StopsWaitingAtCtrlCAndTheInitGoesOn) {
     EXPECT_TRUE(seen.ends_with(" s\x1b[K\r\x1b[Kdone\r\n")) << seen;
     EXPECT_EQ(how_it_ended(deaf), 0);
     EXPECT_EQ(read_file("/tmp/deaf.out") + read_file("/tmp/deaf.err"), "done\n");
-    EXPECT_EQ(count("init dual"), 1);
+    EXPECT_EQ(gateway.count("log", "init dual"), 1);
 }
 
 TEST(Wlanctl, WaitsForSlowScripts) {
@@ -434,8 +409,6 @@ TEST(Wlanctl, EndsAtCtrlCThoughTheDaemonIsSilent) {
         {{"--json", "scan", "1"}, 130, object(scan), "wlanctl: " + scan + "\n"},
     };
     for (const Row &row : rows) {
-        std::filesystem::remove("/tmp/up.out");
-        std::filesystem::remove("/tmp/up.err");
         Process waiting(join({BINARY_DIR "/bin/wlanctl"}, row.words), {}, "/tmp/up.out", "/tmp/up.err");
         std::this_thread::sleep_for(std::chrono::milliseconds(400));
         kill(waiting.id(), SIGINT);

@@ -5,12 +5,12 @@
 #include <array>
 #include <atomic>
 #include <csignal>
-#include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <linux/close_range.h>
 #include <poll.h>
+#include <rpc/rpc.h>
 #include <stdexcept>
 #include <sys/prctl.h>
 #include <sys/socket.h>
@@ -21,8 +21,11 @@
 using namespace std::chrono_literals;
 
 Process::Process(const std::vector<std::string> &command, const std::vector<std::string> &environment,
-                 const std::string &out, const std::string &err)
-    : id_(fork()) {
+                 const std::string &out, const std::string &err) {
+    for (const std::string &file : {out, err})
+        if (std::filesystem::is_regular_file(file)) // not /dev/null
+            std::filesystem::remove(file);
+    id_ = fork();
     if (id_ != 0)
         return;
     prctl(PR_SET_PDEATHSIG, SIGKILL);
@@ -53,6 +56,19 @@ std::optional<int> Process::ended(std::chrono::milliseconds patience) {
         std::this_thread::sleep_for(10ms);
     }
     return std::nullopt;
+}
+
+Outcome run(const std::string &program, const std::vector<std::string> &arguments,
+            const std::vector<std::string> &environment) {
+    const std::string out = "/tmp/run.out", err = "/tmp/run.err";
+    Process process(join({BINARY_DIR "/bin/" + program}, arguments), environment, out, err);
+    const auto status = process.ended(30s);
+    return {status && WIFEXITED(*status) ? WEXITSTATUS(*status) : -1, read_file(out), read_file(err)};
+}
+
+std::vector<std::string> join(std::vector<std::string> words, const std::vector<std::string> &more) {
+    words.insert(words.end(), more.begin(), more.end());
+    return words;
 }
 
 std::string word(std::uint32_t value) {
@@ -88,21 +104,16 @@ std::vector<std::string> daemon_command(const std::vector<std::string> &argument
     if (!start.empty())
         command = {"/bin/sh", "-c", start, "sh"};
     command.push_back(BINARY_DIR "/bin/wlan-configd");
-    command.insert(command.end(), arguments.begin(), arguments.end());
-    return command;
+    return join(command, arguments);
 }
 
 std::vector<std::string> gateway_environment(const std::vector<std::string> &changed) {
-    std::filesystem::remove("/tmp/gateway/out");
-    std::filesystem::remove("/tmp/gateway/err");
     if (std::system(SOURCE_DIR "/sim/setup /tmp/gateway; rpcinfo -d 538054928 1 2>/dev/null || :") != 0)
         throw std::runtime_error("no gateway");
-    std::vector<std::string> environment{"LD_PRELOAD=" BINARY_DIR "/lib/libzav_sim.so",
-                                         "ZAV_SIM_DIR=/tmp/gateway", "zav_cfg_dir=/tmp/gateway/settings",
-                                         "zav_install_dir=" SOURCE_DIR "/sim/host",
-                                         std::string("PATH=" SOURCE_DIR "/sim/bin:") + std::getenv("PATH")};
-    environment.insert(environment.end(), changed.begin(), changed.end());
-    return environment;
+    return join({"LD_PRELOAD=" BINARY_DIR "/lib/libzav_sim.so", "ZAV_SIM_DIR=/tmp/gateway",
+                 "zav_cfg_dir=/tmp/gateway/settings", "zav_install_dir=" SOURCE_DIR "/sim/host",
+                 std::string("PATH=" SOURCE_DIR "/sim/bin:") + std::getenv("PATH")},
+                changed);
 }
 
 std::uint32_t word_at(std::string_view bytes, std::size_t offset) {
@@ -113,16 +124,13 @@ std::uint32_t word_at(std::string_view bytes, std::size_t offset) {
 
 // The port that the portmapper knows; 0 when the process ends instead.
 unsigned find_port(pid_t process) {
-    for (int tries = 0; tries < 500; ++tries, std::this_thread::sleep_for(20ms)) {
-        FILE *list =
-            popen("rpcinfo -p 127.0.0.1 2>/dev/null | awk '$1 == 538054928 { print $4; exit }'", "r");
-        unsigned port = 0;
-        const bool found = std::fscanf(list, "%u", &port) == 1;
-        pclose(list);
-        if (found || kill(process, 0) != 0)
-            return port;
-    }
-    return 0;
+    sockaddr_in portmapper{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+    unsigned port = 0;
+    await([&] {
+        port = pmap_getport(&portmapper, 0x20121110, 1, IPPROTO_UDP);
+        return port != 0 || kill(process, 0) != 0;
+    });
+    return port;
 }
 
 } // namespace
@@ -131,6 +139,21 @@ Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<st
                  const std::string &start, const std::string &out)
     : daemon_(daemon_command(arguments, start), gateway_environment(environment), out, path("err")),
       port_(find_port(daemon_.id())), client_(port_) {}
+
+std::optional<std::string> Gateway::settled(std::uint32_t procedure, std::string_view arguments,
+                                            std::string_view passing) {
+    std::optional<std::string> answer;
+    await([&] { return (answer = call(procedure, arguments)) != passing; });
+    return answer;
+}
+
+long Gateway::count(const std::string &file, std::string_view text) const {
+    const std::string content = read_file(path(file));
+    long found = 0;
+    for (std::size_t at = 0; (at = content.find(text, at)) != std::string::npos; at += text.size())
+        ++found;
+    return found;
+}
 
 Client::Client(unsigned port, const char *server, const char *own)
     : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {

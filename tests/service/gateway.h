@@ -15,7 +15,7 @@
 // A process that ends with the object.
 class Process {
 public:
-    // `environment` is put before the command's own; output goes to the files.
+    // `environment` is put before the command's own; output goes to the files, afresh.
     Process(const std::vector<std::string> &command, const std::vector<std::string> &environment,
             const std::string &out, const std::string &err);
     ~Process();
@@ -29,6 +29,18 @@ public:
 private:
     pid_t id_;
 };
+
+struct Outcome {
+    int status; // -1 where it did not end by itself in time
+    std::string out, err;
+};
+
+// Runs one of the build's programs to its end.
+Outcome run(const std::string &program, const std::vector<std::string> &arguments,
+            const std::vector<std::string> &environment = {});
+
+// One behind the other.
+std::vector<std::string> join(std::vector<std::string> words, const std::vector<std::string> &more);
 
 // XDR by hand: what the tests send and expect is made without the code under test.
 std::string word(std::uint32_t value);
@@ -76,6 +88,11 @@ public:
         return client_.exchange(datagram, patience_ms);
     }
     bool answers() { return client_.answers(); }
+    // What the answer becomes; in the end, whatever it is then.
+    std::optional<std::string> settled(std::uint32_t procedure, std::string_view arguments,
+                                       std::string_view passing);
+    // How often the file has the text.
+    long count(const std::string &file, std::string_view text) const;
     void fault(const std::string &name, std::string_view content) {
         write_file(path("faults/" + name), content);
     }

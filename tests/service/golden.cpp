@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <fstream>
+#include <set>
 #include <sstream>
 #include <stdexcept>
 #include <thread>
@@ -52,100 +52,106 @@ std::string read_data(std::istream &line) {
     char mark = 0;
     std::vector<std::uint32_t> numbers;
     line >> code >> mark;
-    for (std::uint32_t number = 0; line >> number;) {
+    for (std::uint32_t number = 0; line >> number; line >> mark)
         numbers.push_back(number);
-        line >> std::ws;
-        if (line.peek() == ',')
-            line.get();
-    }
     line.clear();
-    line >> mark;
+    if (numbers.empty())
+        line >> mark;
     std::string data = read_quoted(line);
     if (std::size_t size = 0; line >> size)
         data.resize(size);
     return data_reply(code, numbers, data);
 }
 
-std::string rest_of(std::istream &line) {
+// A row that stands for a line, with what the row leaves out.
+void read_line(const std::string &keyword, std::istream &row, GoldenCall &call) {
     std::string rest;
-    line.get();
-    std::getline(line, rest);
+    std::getline(row, rest);
     if (rest.ends_with('$')) // shows the blanks before it
         rest.pop_back();
-    return rest;
+    const std::string text = rest.empty() ? "" : rest.substr(1);
+    const std::string log = "[ZAV-API] ", server = log + call.name + "_1_svc";
+    const struct {
+        std::string_view keyword;
+        Lines GoldenCall::*lines;
+        std::string line;
+    } kinds[] = {{"rpc", &GoldenCall::out, server + "  WLAN RPC server :" + rest},
+                 {"rpc1", &GoldenCall::out, server + " WLAN RPC server :" + rest},
+                 {"entry", &GoldenCall::out, log + text.substr(0, text.find(' ')) + ' ' + text},
+                 {"log", &GoldenCall::out, log + text},
+                 {"later", &GoldenCall::later, log + text},
+                 {"error", &GoldenCall::err, log + "Error " + text},
+                 {"out", &GoldenCall::out, text},
+                 {"err", &GoldenCall::err, text},
+                 {"stored", &GoldenCall::settings, text},
+                 {"command", &GoldenCall::commands, text}};
+    const auto *const kind = std::ranges::find(kinds, keyword, [](const auto &each) { return each.keyword; });
+    if (kind == std::end(kinds))
+        throw std::runtime_error("no such keyword: " + keyword);
+    (call.*kind->lines).push_back(kind->line);
 }
 
-void read_expectation(const std::string &keyword, std::istream &line, GoldenCall &call) {
-    int code = 0;
-    if (keyword == "code" && line >> code)
-        call.reply = word(static_cast<std::uint32_t>(code));
+void read_expectation(const std::string &keyword, std::istream &row, GoldenCall &call) {
+    int number = 0;
+    if (keyword == "code" && row >> number)
+        call.reply = word(static_cast<std::uint32_t>(number));
     else if (keyword == "data")
-        call.reply = read_data(line);
+        call.reply = read_data(row);
     else if (keyword == "none")
         call.reply = std::nullopt;
-    else if (keyword == "wait" && line >> code)
-        call.wait = std::chrono::milliseconds(code);
-    else if (keyword == "out")
-        call.out.push_back(rest_of(line));
-    else if (keyword == "later")
-        call.later.push_back(rest_of(line));
-    else if (keyword == "err")
-        call.err.push_back(rest_of(line));
-    else if (keyword == "stored")
-        call.settings.push_back(rest_of(line));
-    else if (keyword == "command")
-        call.commands.push_back(rest_of(line));
+    else if (keyword == "wait" && row >> number)
+        call.wait = std::chrono::milliseconds(number);
     else
-        throw std::runtime_error("no such keyword: " + keyword);
+        read_line(keyword, row, call);
 }
 
-void read_line(const std::string &text, std::vector<GoldenCase> &cases) {
-    std::istringstream line(text);
+void read_row(const std::string &text, const std::string &area, std::vector<GoldenCase> &cases) {
+    std::istringstream row(text);
     std::string keyword;
-    line >> keyword;
+    row >> keyword;
     if (keyword == "case") {
-        cases.push_back({rest_of(line), {}, false, {}});
+        cases.push_back({area + ':' + text.substr(keyword.size()), {}, false, {}});
     } else if (keyword == "running") {
         cases.back().running = true;
     } else if (keyword == "given") {
         std::string file;
-        line >> file;
-        cases.back().given.emplace_back(file, read_quoted(line));
+        row >> file;
+        cases.back().given.emplace_back(file, read_quoted(row));
     } else if (keyword == "call") {
         GoldenCall call;
-        line >> call.number >> call.name;
-        read_arguments(line, call);
+        row >> call.number >> call.name;
+        read_arguments(row, call);
         cases.back().calls.push_back(call);
     } else {
-        read_expectation(keyword, line, cases.back().calls.back());
+        read_expectation(keyword, row, cases.back().calls.back());
     }
+}
+
+void read_rows(const std::filesystem::path &path, std::vector<GoldenCase> &cases) {
+    for (const std::string &row : lines_of(read_file(path)))
+        try {
+            if (!row.empty())
+                read_row(row, path.stem(), cases);
+        } catch (const std::exception &error) {
+            throw std::runtime_error(path.string() + ": " + row + ": " + error.what());
+        }
 }
 
 void start_driver(Gateway &gateway) {
     constexpr std::uint32_t load = 1, init = 2, in_progress = 3;
     gateway.call(load, word(245));
-    std::optional<std::string> answer;
-    await([&] { return (answer = gateway.call(init, "")) != word(in_progress); });
-    if (answer != word(0))
+    if (gateway.settled(init, "", word(in_progress)) != word(0))
         throw std::runtime_error("the driver does not come up");
 }
 
 } // namespace
 
-std::vector<GoldenCase> read_golden(const std::string &path) {
+std::vector<GoldenCase> read_golden() {
     std::vector<GoldenCase> cases;
-    std::ifstream file(path);
-    int number = 0;
-    for (std::string line; std::getline(file, line);) {
-        ++number;
-        if (line.empty() || line.starts_with('#'))
-            continue;
-        try {
-            read_line(line, cases);
-        } catch (const std::exception &error) {
-            throw std::runtime_error(path + ":" + std::to_string(number) + ": " + error.what());
-        }
-    }
+    const std::filesystem::directory_iterator files(SOURCE_DIR "/tests/golden");
+    for (const auto &file : std::set(begin(files), end(files)))
+        if (file.path().extension() == ".golden")
+            read_rows(file, cases);
     return cases;
 }
 
@@ -189,8 +195,8 @@ Played::~Played() {
         gateway_.call(reset, "");
 }
 
-std::vector<std::string> lines_of(const std::string &text) {
-    std::vector<std::string> lines;
+Lines lines_of(const std::string &text) {
+    Lines lines;
     std::istringstream stream(text);
     for (std::string line; std::getline(stream, line);)
         lines.push_back(line);

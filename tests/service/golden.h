@@ -4,7 +4,9 @@
 
 #include <ostream>
 
-// The rows of procedures.golden: what was expected of the daemon before it was written. See that file's head.
+// The rows of tests/golden: what was expected of the daemon before it was written. See the README there.
+
+using Lines = std::vector<std::string>;
 
 struct GoldenCall {
     unsigned number = 0;
@@ -13,11 +15,11 @@ struct GoldenCall {
     std::vector<std::string> words;    // the same arguments as a command line has them
     std::optional<std::string> reply;  // XDR; none where no reply comes
     std::chrono::milliseconds wait{0}; // for a worker's lines, at the most
-    std::vector<std::string> out, later, err, settings, commands;
+    Lines out, later, err, settings, commands;
 };
 
 struct GoldenCase {
-    std::string name;
+    std::string name;                                       // "AREA: NAME"
     std::vector<std::pair<std::string, std::string>> given; // files of the state directory, written before
     bool running = false; // the driver is initialised before the first call, and stopped after the last
     std::vector<GoldenCall> calls;
@@ -26,7 +28,7 @@ struct GoldenCase {
 // How a test that fails names its case.
 inline void PrintTo(const GoldenCase &golden, std::ostream *stream) { *stream << golden.name; }
 
-std::vector<GoldenCase> read_golden(const std::string &path);
+std::vector<GoldenCase> read_golden();
 
 // Settings files, faults and logs as a fresh gateway has them.
 void make_afresh();
@@ -50,16 +52,16 @@ public:
     explicit News(const Gateway &gateway);
     // Waits for as many lines as the call is to bring, as long as it may take.
     void await(const GoldenCall &call);
-    std::vector<std::string> out, err, log;
+    Lines out, err, log;
 
 private:
     struct Tail {
         std::string path;
         std::size_t seen;
-        std::vector<std::string> &lines;
+        Lines &lines;
     };
     void look();
     std::vector<Tail> tails_;
 };
 
-std::vector<std::string> lines_of(const std::string &text);
+Lines lines_of(const std::string &text);

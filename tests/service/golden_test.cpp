@@ -9,8 +9,6 @@
 
 namespace {
 
-using Lines = std::vector<std::string>;
-
 // Every line of the settings files, named after its band.
 Lines all_settings(const Gateway &gateway) {
     Lines all;
@@ -43,24 +41,35 @@ Lines changes(const Lines &before, const Lines &after) {
     return changed;
 }
 
-std::string hex(const std::optional<std::string> &bytes) {
+// Of 16 bytes.
+Lines hex(const std::optional<std::string> &bytes) {
     if (!bytes)
-        return "no reply";
-    std::string text;
+        return {"no reply"};
+    Lines lines;
     char digits[4];
-    for (const char c : *bytes) {
-        std::snprintf(digits, sizeof digits, "%02x ", static_cast<unsigned char>(c));
-        text += digits;
+    for (std::size_t i = 0; i < bytes->size(); ++i) {
+        std::snprintf(digits, sizeof digits, "%02x ", static_cast<unsigned char>((*bytes)[i]));
+        (i % 16 == 0 ? lines.emplace_back() : lines.back()) += digits;
     }
+    return lines;
+}
+
+// The line, marked, with three before and behind it.
+std::string around(const Lines &lines, std::size_t at) {
+    std::string text;
+    for (std::size_t i = std::max<std::size_t>(at, 3) - 3; i <= at + 3 && i <= lines.size(); ++i)
+        text += (i == at ? "\n  > " : "\n    ") + (i < lines.size() ? lines[i] + '$' : "(end)");
     return text;
 }
 
-class Golden : public testing::TestWithParam<GoldenCase> {
-protected:
-    static void SetUpTestSuite() { gateway = new Gateway; }
-    static void TearDownTestSuite() { delete std::exchange(gateway, nullptr); }
-    static inline Gateway *gateway = nullptr;
-};
+void compare(const char *what, const Lines &came, const Lines &expected) {
+    const auto at = static_cast<std::size_t>(std::ranges::mismatch(came, expected).in1 - came.begin());
+    if (came != expected)
+        ADD_FAILURE() << what << ", line " << at + 1 << "\nexpected:" << around(expected, at)
+                      << "\ncame:" << around(came, at);
+}
+
+class Golden : public testing::TestWithParam<GoldenCase> {};
 
 // The expected lines, a worker's between the others as they came.
 Lines woven(Lines out, Lines later, const Lines &came) {
@@ -88,25 +97,26 @@ void play(Gateway &gateway, const GoldenCall &call) {
     const int times = std::count(std::begin(run_once), std::end(run_once), call.number) != 0 ? 3 : 1;
     for (int i = 0; i < times; ++i) {
         const auto reply = gateway.exchange(request, call.reply ? 5000 : 300);
-        EXPECT_EQ(hex(reply ? reply->substr(20) : reply),
-                  hex(call.reply ? word(0) + *call.reply : call.reply));
+        compare("reply", hex(reply ? reply->substr(20) : reply),
+                hex(call.reply ? word(0) + *call.reply : call.reply));
     }
     news.await(call);
-    EXPECT_EQ(news.out, woven(call.out, call.later, news.out));
-    EXPECT_EQ(news.err, call.err);
-    EXPECT_EQ(changes(before, all_settings(gateway)), call.settings);
-    EXPECT_EQ(news.log, call.commands);
+    compare("standard output", news.out, woven(call.out, call.later, news.out));
+    compare("standard error", news.err, call.err);
+    compare("settings", changes(before, all_settings(gateway)), call.settings);
+    compare("commands", news.log, call.commands);
 }
 
 TEST_P(Golden, Answers) {
-    const Played played(*gateway, GetParam());
+    static Gateway gateway;
+    const Played played(gateway, GetParam());
     write_file("/tmp/wlandbg", "");
     for (const GoldenCall &call : GetParam().calls)
-        play(*gateway, call);
+        play(gateway, call);
 }
 
 const std::vector<GoldenCase> &golden_cases() {
-    static const auto cases = read_golden(SOURCE_DIR "/tests/procedures.golden");
+    static const auto cases = read_golden();
     return cases;
 }
 
@@ -114,7 +124,7 @@ INSTANTIATE_TEST_SUITE_P(Walk, Golden, testing::ValuesIn(golden_cases()), [](con
     std::string name = row.param.name;
     for (char &c : name)
         c = std::isalnum(static_cast<unsigned char>(c)) != 0 ? c : '_';
-    return std::to_string(row.index) + "_" + name;
+    return name;
 });
 
 TEST(GoldenTable, HasEveryProcedureByNumberAndName) {

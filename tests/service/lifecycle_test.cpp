@@ -50,7 +50,7 @@ protected:
     ~Lifecycle() override {
         EXPECT_TRUE(client.answers());
         EXPECT_TRUE(await([&] { return children() == hanging; })) << "scripts are not waited for";
-        EXPECT_EQ(count("err", "Sanitizer"), 0) << read_file(gateway.path("err"));
+        EXPECT_EQ(gateway.count("err", "Sanitizer"), 0) << read_file(gateway.path("err"));
     }
 
     static std::vector<std::string> copy_scripts() {
@@ -72,15 +72,8 @@ protected:
         ASSERT_EQ(call(init), in_progress);
         ASSERT_EQ(init_result(), 0);
     }
-    long count(const std::string &file, const std::string &text) {
-        const std::string content = read_file(gateway.path(file));
-        long found = 0;
-        for (std::size_t at = 0; (at = content.find(text, at)) != std::string::npos; at += text.size())
-            ++found;
-        return found;
-    }
     bool await_lines(const std::string &file, const std::string &text, long lines = 1) {
-        return await([&] { return count(file, text) >= lines; });
+        return await([&] { return gateway.count(file, text) >= lines; });
     }
     // The host script's verbs since the log was emptied.
     std::string verbs() {
@@ -136,14 +129,14 @@ TEST_F(Lifecycle, AFailingScriptIsReportedAndLeavesTheStates) {
         const std::string failed = " command failed (rc=" + std::to_string(broken.status * 256) +
                                    ",WEXITSTATUS=" + std::to_string(broken.status) + ").\n";
         for (const char *who : {"ZAV_Start", "ZAV_Init", "ZAV_Restart", "ZAV_Stop"})
-            EXPECT_EQ(count("err", std::string("[ZAV-API] Error ") + who + failed), 1) << who;
+            EXPECT_EQ(gateway.count("err", std::string("[ZAV-API] Error ") + who + failed), 1) << who;
         shell(broken.repair_it);
         forget();
         EXPECT_EQ(call(load, 245), 0) << "loaded still";
         EXPECT_EQ(call(init), -1) << "the failed reset has not armed it";
         EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
         EXPECT_EQ(verbs(), "");
-        EXPECT_EQ(count("err", "init_thread_function failed"), 1);
+        EXPECT_EQ(gateway.count("err", "init_thread_function failed"), 1);
         EXPECT_EQ(call(reset), 0);
         bring_up();
         forget();
@@ -286,8 +279,8 @@ TEST_F(Lifecycle, FourClientsStartOneInit) {
         EXPECT_EQ(init_result(), 0);
         EXPECT_EQ(call(reset), 0);
     }
-    EXPECT_EQ(count("log", "script zv_host.sh init dual"), rounds);
-    EXPECT_EQ(count("log", "script zv_host.sh addvlans"), rounds);
+    EXPECT_EQ(gateway.count("log", "script zv_host.sh init dual"), rounds);
+    EXPECT_EQ(gateway.count("log", "script zv_host.sh addvlans"), rounds);
 }
 
 // The first init, of one radio, ends while the second runs and must not show anywhere.
@@ -314,7 +307,7 @@ TEST_F(Lifecycle, AResetOvertakesARunningInit) {
         gateway.repair("script.zv_host.sh.init.dual.hold");
         EXPECT_EQ(init_result(), second_succeeds ? 0 : -1);
         EXPECT_EQ(call(init), second_succeeds ? 0 : -1);
-        EXPECT_EQ(count("log", "addvlans"), second_succeeds ? 1 : 0);
+        EXPECT_EQ(gateway.count("log", "addvlans"), second_succeeds ? 1 : 0);
         EXPECT_EQ(call(reset), 0);
     }
 }
@@ -355,7 +348,7 @@ TEST_F(Lifecycle, AStopKeepsARunningInitOut) {
             EXPECT_FALSE(std::filesystem::exists(gateway.path("daemons/vlans")));
         }
         EXPECT_EQ(verbs(), begin + stop + (stop_fails ? vlans : ""));
-        EXPECT_EQ(count("err", "init_thread_function"), 0);
+        EXPECT_EQ(gateway.count("err", "init_thread_function"), 0);
         shell(repair);
         EXPECT_EQ(call(reset), 0);
     }

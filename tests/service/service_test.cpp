@@ -38,23 +38,10 @@ bool registered() { return std::system("rpcinfo -u 127.0.0.1 538054928 1 >/dev/n
 // Sleeps of ten seconds last: the daemon does not look at its registration while the test goes on.
 void look_rarely(const Gateway &gateway) { write_file(gateway.path("sleep_ms"), "60000"); }
 
-struct Ended {
-    int status;
-    std::string out, err;
-};
-
-// Runs the daemon to its end.
-Ended run_daemon(const std::string &arguments, const std::string &environment = "") {
-    const std::string command =
-        environment + " " BINARY_DIR "/bin/wlan-configd " + arguments + " >/tmp/out 2>/tmp/err";
-    const int status = std::system(command.c_str());
-    return {WEXITSTATUS(status), read_file("/tmp/out"), read_file("/tmp/err")};
-}
-
 TEST(StartUp, HelpAndVersionLeaveTheRunningDaemonRegistered) {
     Gateway gateway;
     for (const char *word : {"-h", "--help", "--version"}) {
-        const Ended ended = run_daemon(word);
+        const Outcome ended = run("wlan-configd", {word});
         EXPECT_EQ(ended.status, 0);
         EXPECT_NE(ended.out.find("wlan-configd"), std::string::npos);
         EXPECT_TRUE(registered());
@@ -62,11 +49,11 @@ TEST(StartUp, HelpAndVersionLeaveTheRunningDaemonRegistered) {
 }
 
 TEST(StartUp, RefusesWhatItCannotBind) {
-    const Ended no_address = run_daemon("999.1.1.1 ignored");
+    const Outcome no_address = run("wlan-configd", {"999.1.1.1", "ignored"});
     EXPECT_EQ(no_address.status, 1);
     EXPECT_EQ(no_address.out, "WLAN RPC Server IP addr 999.1.1.1\ninet_aton failed with IPv4 999.1.1.1\n");
     EXPECT_EQ(no_address.err, "");
-    const Ended not_local = run_daemon("192.0.2.1");
+    const Outcome not_local = run("wlan-configd", {"192.0.2.1"});
     EXPECT_EQ(not_local.status, 1);
     EXPECT_EQ(not_local.err, "bind: Cannot assign requested address\n");
     EXPECT_FALSE(registered());
@@ -75,7 +62,7 @@ TEST(StartUp, RefusesWhatItCannotBind) {
 TEST(StartUp, AnyOtherTextUnregistersFirst) {
     Gateway gateway;
     look_rarely(gateway);
-    EXPECT_EQ(run_daemon("--help-me").status, 1);
+    EXPECT_EQ(run("wlan-configd", {"--help-me"}).status, 1);
     EXPECT_FALSE(registered());
 }
 
@@ -89,7 +76,7 @@ TEST(StartUp, RefusesAnEnvironmentThatIsWrongBeforeItUnregisters) {
                                             {"WLAN_CONFIGD_PORT=65536", port + "65536"},
                                             {"WLAN_CONFIGD_PORT=70x", port + "70x"},
                                             {"WLAN_CONFIGD_PEERS=10.0.0.1,lan", peers + "'lan'"}}) {
-        const Ended ended = run_daemon("127.0.0.1", variable);
+        const Outcome ended = run("wlan-configd", {"127.0.0.1"}, {variable});
         EXPECT_EQ(ended.status, 1);
         EXPECT_EQ(ended.out + ended.err, message + '\n');
         EXPECT_TRUE(registered());
@@ -103,7 +90,7 @@ TEST(StartUp, NeedsThePortmapperAndComesBackWithIt) {
     const std::string away =
         "[ZAV-API] Error watch_registration the portmapper is away, clients do not find the daemon.\n";
     EXPECT_TRUE(await([&] { return read_file(gateway.path("err")) == away; }));
-    const Ended ended = run_daemon("127.0.0.1");
+    const Outcome ended = run("wlan-configd", {"127.0.0.1"});
     EXPECT_EQ(ended.status, 1);
     EXPECT_TRUE(
         ended.err.ends_with("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp)."))

@@ -20,7 +20,7 @@ class Survey : public testing::Test {
 protected:
     void SetUp() override {
         ASSERT_EQ(gateway.call(load, word(245)), word(0));
-        ASSERT_EQ(settled(init, "", word(3)), word(0));
+        ASSERT_EQ(gateway.settled(init, "", word(3)), word(0));
     }
     using Answer = std::optional<std::string>;
     using Both = std::pair<Answer, Answer>; // of 2.4 GHz and of 5 GHz
@@ -29,13 +29,7 @@ protected:
         return {ask(procedure, on_24g + bss), ask(procedure, on_5g + bss)};
     }
     void await_end(std::uint32_t index, std::uint32_t expected) {
-        EXPECT_EQ(settled(scan_status, word(index), number(running)), number(expected));
-    }
-    // What the answer becomes; in the end, whatever it is then.
-    Answer settled(std::uint32_t procedure, const std::string &arguments, const std::string &passing) {
-        Answer answer;
-        await([&] { return (answer = gateway.call(procedure, arguments)) != passing; });
-        return answer;
+        EXPECT_EQ(gateway.settled(scan_status, word(index), number(running)), number(expected));
     }
     Gateway gateway;
 };

@@ -177,7 +177,7 @@ TEST_F(Lifecycle, GoesNoFurtherThanTheFailedStep) {
         gateway.repair(name);
         EXPECT_EQ(call(reset), 0);
     }
-    EXPECT_EQ(count("err", "Error GET_RUNNING_INTERFACES command took longer than 10 s.\n"), 1);
+    EXPECT_EQ(gateway.count("err", "Error GET_RUNNING_INTERFACES command took longer than 10 s.\n"), 1);
 }
 
 // Sorted, in milliseconds.

@@ -129,8 +129,14 @@ unsigned find_port(pid_t process) {
 
 Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment,
                  const std::string &start)
-    : daemon_(daemon_command(arguments, start), gateway_environment(environment), path("out"), path("err")),
-      port_(find_port(daemon_.id())), client_(port_) {}
+    : command_(daemon_command(arguments, start)), environment_(gateway_environment(environment)),
+      daemon_(std::in_place, command_, environment_, path("out"), path("err")),
+      port_(find_port(daemon_->id())), client_(port_) {}
+
+void Gateway::restart() {
+    daemon_.emplace(command_, environment_, path("out"), path("err"));
+    ::await([&] { return answers(); });
+}
 
 Client::Client(unsigned port, const char *server, const char *own)
     : socket_(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0)) {

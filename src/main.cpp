@@ -1,3 +1,4 @@
+#include "api/lifecycle.h"
 #include "rpc/protocol.h"
 #include "rpc/registration.h"
 #include "rpc/service.h"
@@ -29,7 +30,9 @@ constexpr char usage[] =
     "  zav_install_dir     directory of the platform's scripts and daemons\n"
     "  WLAN_CONFIGD_PORT   UDP port to serve on, for firewalls; without it the system chooses\n"
     "  WLAN_CONFIGD_PEERS  IPv4 addresses and networks that may ask, such as 192.168.1.2,10.0.0.0/8;\n"
-    "                      without it everyone\n\n"
+    "                      without it everyone\n"
+    "  RUNTIME_DIRECTORY   directory to keep in what is known of the driver, for a restarted daemon;\n"
+    "                      without it a restarted daemon knows nothing\n\n"
     "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
 
 int give_up(const char *reason) {
@@ -109,6 +112,7 @@ int main(int argc, char **argv) {
     SVCXPRT *transport = create_transport(address, environment.port, environment.peers);
     if (transport == nullptr)
         return give_up("cannot create udp service.");
+    wlan_resume();
     if (!svc_register(transport, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, wlan_config_rpc_prog_1,
                       IPPROTO_UDP))
         return give_up("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp).");

@@ -22,7 +22,13 @@ void publish_result(const char *who, unsigned run, Status result) {
     if (run != driver_run())
         return;
     init_result = report(who, result, "wlan init - traffic is now passing.\n");
+    set_init_outcome({InitEnd::unreported, last_init_result()}); // before it can be reported
     init_state.fetch_or(finished, std::memory_order_release);
+}
+
+void set_reported() {
+    init_reported = 1;
+    set_init_outcome({InitEnd::reported, last_init_result()});
 }
 
 void *init_thread_function(void *argument) {
@@ -38,7 +44,7 @@ Status start_init(const char *who) {
     unsigned run = driver_run();
     if (!start_worker(init_thread_function, &run)) {
         report_no_worker(who);
-        init_reported = 1;
+        set_reported();
         log_debug("[ZAV-API] %s wlan init - error creating init thread.\n", who);
         return failure;
     }
@@ -47,6 +53,13 @@ Status start_init(const char *who) {
 }
 
 } // namespace
+
+void wlan_resume() {
+    const InitOutcome init = resume_driver();
+    init_result = init.result;
+    init_reported = init.end == InitEnd::reported ? 1 : 0;
+    init_state = init.end == InitEnd::none ? idle : started | finished;
+}
 
 Status wlan_load(int flags) {
     log_debug("[ZAV-API] %s entry.\n", __func__);
@@ -65,12 +78,12 @@ Status wlan_init() {
         return in_progress;
     case started | finished:
         log_debug("[ZAV-API] %s wlan init - finished processing, ret val:%i\n", __func__, init_result.load());
-        init_reported = 1;
+        set_reported();
         return last_init_result();
     case idle:
         return start_init(__func__);
     default:
-        init_reported = 1;
+        set_reported();
         log_debug("[ZAV-API] %s wlan init - unknown state-machine state: %d.\n", __func__, state);
         return failure;
     }

@@ -4,31 +4,25 @@
 #include "backend/text.h"
 
 #include <algorithm>
-#include <atomic>
 #include <charconv>
 #include <cstdlib>
-#include <mutex>
 #include <string_view>
 
 namespace {
 
-// Of the other radio nothing is looked up.
-std::atomic<Radios> loaded_for{Radios::both};
-std::atomic<unsigned> known_24g{0}, known_5g{0};
-std::mutex counts_mutex; // held where one of these changes
-
-// A count is read once and kept until the driver is stopped or loaded for the other radio alone.
-unsigned refresh(std::atomic<unsigned> &count, const SettingsFile &settings, Radios loaded_without) {
-    if (const unsigned known = count; known != 0)
+unsigned refresh(unsigned BssCounts::*count, const SettingsFile &settings, Radios loaded_without) {
+    if (const unsigned known = known_counts().*count; known != 0)
         return known;
-    const std::lock_guard held(counts_mutex); // over the reading too: what is stored must not be outdated
-    std::array<char, 16> text{};
-    if (nvram_get_str(settings, "BssidNum", text) != success || loaded_for == loaded_without)
-        return 0;
-    const long long stored = std::strtoll(text.data(), nullptr, 10);
-    const auto clamped = static_cast<unsigned>(std::clamp<long long>(stored, 0, most_bss_in_a_band));
-    count = clamped;
-    return clamped;
+    unsigned found = 0;
+    change_driver([&](KnownDriver *driver) {
+        std::array<char, 16> text{};
+        if (nvram_get_str(settings, "BssidNum", text) != success || driver->loaded_for == loaded_without)
+            return;
+        const long long stored = std::strtoll(text.data(), nullptr, 10);
+        found = static_cast<unsigned>(std::clamp<long long>(stored, 0, most_bss_in_a_band));
+        driver->counts.*count = found;
+    });
+    return found;
 }
 
 Bss make_bss(Radio radio, unsigned number) {
@@ -41,30 +35,9 @@ Bss make_bss(Radio radio, unsigned number) {
 
 } // namespace
 
-void set_interfaces_up(Radios radios) {
-    const std::lock_guard held(counts_mutex);
-    loaded_for = radios;
-    if (radios == Radios::only_24g)
-        known_5g = 0;
-    if (radios == Radios::only_5g)
-        known_24g = 0;
-}
-
-Radios interfaces_up() { return loaded_for; }
-
-void set_known_driver(DriverState state, BssCounts counts) {
-    set_driver_state(state);
-    set_vlan_file_is_reset(false);
-    const std::lock_guard held(counts_mutex);
-    known_24g = counts.on_24g;
-    known_5g = counts.on_5g;
-}
-
-BssCounts known_counts() { return {known_24g, known_5g}; }
-
 BssCounts refresh_counts() {
-    const unsigned on_5g = refresh(known_5g, settings_5g, Radios::only_24g);
-    const unsigned on_24g = refresh(known_24g, settings_24g, Radios::only_5g);
+    const unsigned on_5g = refresh(&BssCounts::on_5g, settings_5g, Radios::only_24g);
+    const unsigned on_24g = refresh(&BssCounts::on_24g, settings_24g, Radios::only_5g);
     return {on_24g, on_5g};
 }
 

@@ -11,9 +11,6 @@
 
 enum class Radio : unsigned char { band_24g, band_5g };
 
-// Which radios the driver is loaded for or has interfaces of; the numbers are those that clients name them
-// by.
-enum class Radios : int { unknown = -1, none = 0, only_5g = 5, only_24g = 24, both = 245 };
 constexpr bool includes(Radios radios, Radio radio) {
     return radios == Radios::both ||
            radios == (radio == Radio::band_24g ? Radios::only_24g : Radios::only_5g);
@@ -40,22 +37,8 @@ struct Bss {
 Status find_bss(int index, Bss *ret_bss);
 Status find_bss(const char *who, int index, Bss *ret_bss);
 
-// Counts of BSSes; 0 is not known yet and looked up again at every use.
-constexpr unsigned most_bss_in_a_band = 64;
-struct BssCounts {
-    unsigned on_24g = 0, on_5g = 0;
-    unsigned total() const { return on_24g + on_5g; }
-};
+// Looks up what is not known.
 BssCounts refresh_counts();
-BssCounts known_counts();
-
-// The driver is loaded for these radios; forgets the count of the other one.
-void set_interfaces_up(Radios radios);
-Radios interfaces_up();
-
-// All that is remembered of the driver but for which radios it was loaded; what is not given is what a stop
-// leaves. A look-up that runs meanwhile does not bring an old count back.
-void set_known_driver(DriverState state = DriverState::stopped, BssCounts counts = {});
 
 // Always 0.
 Status ZAV_GetNumberOfEntries(unsigned *ret_count);

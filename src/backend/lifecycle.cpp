@@ -1,6 +1,7 @@
 #include "backend/lifecycle.h"
 
 #include "backend/driver_channel.h"
+#include "backend/driver_record.h"
 #include "backend/interfaces.h"
 #include "backend/log.h"
 #include "backend/running_interfaces.h"
@@ -31,6 +32,12 @@ bool is_selector(int radios) {
 
 Status run_for(const char *who, const char *verb, Radios radios, std::unique_lock<std::mutex> held = {}) {
     return run_command(who, host_command(verb, script_word(radios)).c_str(), std::move(held));
+}
+
+bool has_interfaces(Radios loaded_for) {
+    const Radios running = GET_RUNNING_INTERFACES();
+    const auto has = [&](Radio radio) { return includes(loaded_for, radio) && includes(running, radio); };
+    return has(Radio::band_24g) || has(Radio::band_5g);
 }
 
 Status read_wps_enabled(const Bss &bss, int *ret_enabled) {
@@ -97,6 +104,27 @@ std::unique_lock<std::mutex> hold_stops_off() {
 }
 
 unsigned driver_run() { return current_run; }
+
+InitOutcome resume_driver() {
+    const char *oddity = nullptr;
+    auto recorded = read_driver_record(&oddity);
+    if (recorded && !has_interfaces(recorded->loaded_for))
+        oddity = "is of interfaces that are not there";
+    if (oddity != nullptr) {
+        log_error("[ZAV-API] Error %s the driver's record %s, and is dropped\n", __func__, oddity);
+        remove_driver_record(); // it must not come true again by chance
+        return {};
+    }
+    if (!recorded)
+        return {};
+    // Nobody knows how far the script of an init that was cut off has come, and it may run still: a second
+    // one beside it would be worse than none. So that init has failed, and after a failed one the driver
+    // stays initialised until it is stopped.
+    if (recorded->state == DriverState::initialised && recorded->init.end == InitEnd::none)
+        recorded->init = {InitEnd::unreported, failure};
+    change_driver([&](KnownDriver *driver) { *driver = *recorded; });
+    return recorded->init;
+}
 
 std::string host_command(std::string_view verb, std::string_view argument) {
     return std::string("$zav_install_dir/zv_host.sh ").append(verb).append(" ").append(argument);

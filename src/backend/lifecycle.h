@@ -1,6 +1,6 @@
 #pragma once
 
-#include "backend/status.h"
+#include "backend/driver_state.h"
 
 #include <mutex>
 #include <string>
@@ -15,6 +15,10 @@ unsigned driver_run();
 
 // Waits for the end of a running stop. While the lock is held, the run stays and no stop begins.
 std::unique_lock<std::mutex> hold_stops_off();
+
+// For a daemon that starts while the driver runs: goes on with what the one before it knew. Nothing is known
+// without a record, nor, after an error line, by one that is odd or whose interfaces are not there.
+InitOutcome resume_driver();
 
 // Loads the driver for the radios of the selector: 24, 5, or 245 for both. 0 also when it is loaded already
 // or driver interfaces exist; -1 for another selector or a failed script.

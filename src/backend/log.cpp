@@ -105,17 +105,19 @@ void append_number(std::string *line, const std::string &conversion, Number numb
 }
 
 // A text's precision: how much of it is shown. Its width is not known here.
-std::size_t length_of(const char *text, std::string_view conversion) {
-    const std::size_t point = conversion.find('.');
-    const auto most = point == conversion.npos ? -1 : std::atoi(conversion.data() + point + 1);
+std::size_t length_of(const char *text, int most) {
     return most < 0 ? std::strlen(text) : strnlen(text, static_cast<std::size_t>(most));
 }
 
 void append_next(std::string *line, const std::string &conversion, Values *values) {
     const bool is_long = conversion.find('l') != conversion.npos;
     if (conversion.ends_with('s')) {
+        const std::size_t point = conversion.find('.');
+        const int most = point == conversion.npos          ? -1
+                         : conversion.at(point + 1) == '*' ? va_arg(values->list, int)
+                                                           : std::atoi(conversion.c_str() + point + 1);
         const char *text = va_arg(values->list, const char *);
-        append_value(line, text == nullptr ? "(null)" : std::string_view(text, length_of(text, conversion)));
+        append_value(line, text == nullptr ? "(null)" : std::string_view(text, length_of(text, most)));
     } else if (conversion.ends_with('c')) {
         const auto byte = static_cast<char>(va_arg(values->list, int));
         append_value(line, {&byte, 1});
@@ -138,7 +140,7 @@ std::string put_together(std::string_view beginning, const char *format, Values 
         if (*p == '\0')
             break;
         const char *end = line_check::skip_modifiers(p + 1);
-        end += std::strspn(end, "lz");
+        end += std::strspn(end, "*lz");
         if (*end == '%')
             line.push_back('%');
         else

@@ -137,8 +137,14 @@ unsigned find_port(pid_t process) {
 
 Gateway::Gateway(const std::vector<std::string> &arguments, const std::vector<std::string> &environment,
                  const std::string &start, const std::string &out)
-    : daemon_(daemon_command(arguments, start), gateway_environment(environment), out, path("err")),
-      port_(find_port(daemon_.id())), client_(port_) {}
+    : command_(daemon_command(arguments, start)), environment_(gateway_environment(environment)),
+      daemon_(std::in_place, command_, environment_, out, path("err")), port_(find_port(daemon_->id())),
+      client_(port_) {}
+
+void Gateway::restart() {
+    daemon_.emplace(command_, environment_, path("out"), path("err"));
+    ::await([&] { return answers(); });
+}
 
 std::optional<std::string> Gateway::settled(std::uint32_t procedure, std::string_view arguments,
                                             std::string_view passing) {

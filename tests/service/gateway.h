@@ -98,12 +98,15 @@ public:
     }
     void repair(const std::string &name) { std::filesystem::remove(path("faults/" + name)); }
 
-    Process &daemon() { return daemon_; }
+    Process &daemon() { return *daemon_; }
+    // Kills the daemon, and starts it again on the gateway as it is; its port must be fixed.
+    void restart();
     std::string path(const std::string &name) const { return std::string(directory) + "/" + name; }
     unsigned port() const { return port_; }
 
 private:
-    Process daemon_;
+    std::vector<std::string> command_, environment_;
+    std::optional<Process> daemon_;
     unsigned port_;
     Client client_;
 };

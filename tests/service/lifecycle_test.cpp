@@ -46,7 +46,7 @@ void shell(const std::string &command) { ASSERT_EQ(std::system(command.c_str()),
 // A gateway with scripts of its own, which can be broken.
 class Lifecycle : public testing::Test {
 protected:
-    Lifecycle() : client(gateway.port()) {}
+    Lifecycle() : client(gateway.port()) { std::filesystem::create_directory(gateway.path("run")); }
     ~Lifecycle() override {
         EXPECT_TRUE(client.answers());
         EXPECT_TRUE(await([&] { return children() == hanging; })) << "scripts are not waited for";
@@ -54,8 +54,9 @@ protected:
     }
 
     static std::vector<std::string> copy_scripts() {
-        shell("rm -rf /tmp/sim && cp -R " SOURCE_DIR "/sim /tmp/sim");
-        return {"zav_install_dir=/tmp/sim/host"};
+        shell("rm -rf /tmp/sim /tmp/gateway/run && cp -R " SOURCE_DIR "/sim /tmp/sim");
+        return {"zav_install_dir=/tmp/sim/host", "RUNTIME_DIRECTORY=/tmp/gateway/run:/tmp/other",
+                "WLAN_CONFIGD_PORT=4000"};
     }
     int call(std::uint32_t procedure) { return code(client, procedure); }
     int call(std::uint32_t procedure, std::uint32_t argument) {
@@ -354,6 +355,58 @@ TEST_F(Lifecycle, AStopKeepsARunningInitOut) {
     }
 }
 
+// Where a record is damaged, the daemon begins as if there were none.
+TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
+    struct Row {
+        std::string name, damage;
+        std::function<void()> reach;
+        bool initialised;
+        int result;
+        std::string verb;
+    };
+    const std::string record = gateway.path("run/driver"), settings = gateway.path("settings/ZAV75024g.dat");
+    const auto up = [&] { bring_up(); };
+    const auto hang = [&](const std::string &verb, std::uint32_t procedure) {
+        gateway.fault("script.zv_host.sh." + verb + ".delay", "3600000"); // it outlives the test
+        (void)call(procedure, 9);
+        ASSERT_TRUE(await_lines("log", "zv_host.sh " + verb));
+    };
+    std::vector<Row> rows{
+        {"not loaded", "", [] {}, false, -1, ""},
+        {"loaded", "", [&] { EXPECT_EQ(call(load, 5), 0); }, false, 0, "init 5g"},
+        {"in an init", "", [&] { call(load, 245), hang("init", init); }, true, -1, ""},
+        {"not told", "", [&] { call(load, 245), call(init), await_lines("run/driver", "init 1 0"); }, true, 0,
+         ""},
+        {"initialised", "", up, true, 0, ""},
+        {"in a restart", "", [&] { up(), hang("restart_interfaces", restart); }, true, 0, ""},
+        {"stopped", "", [&] { up(), call(reset); }, false, -1, ""}};
+    for (const char *damage : {"sed -i '2s/[0-9]/x/'", "sed -i '1s/1/2/'", "sed -i 's/BSSes 8/BSSes 65/'",
+                               "sed -i 's/init 2 0/init 2 3/'", "truncate -s 0", "truncate -s 90",
+                               "truncate -s -1", "truncate -s +1", "ln -sf /", "rm -f interfaces/zv*; :"})
+        rows.push_back({damage, damage, up, false, -1, ""});
+    for (const auto &[name, damage, reach, initialised, result, verb] : rows) {
+        SCOPED_TRACE(name);
+        reach();
+        (void)call(get_name, 1); // so that the counts are known
+        shell("cd /tmp/gateway; " + (damage.empty() ? "" : damage + " run/driver"));
+        write_file(gateway.path("err"), "");
+        gateway.restart();
+        EXPECT_EQ(count("err", "\n"), damage.empty() ? 0 : 1) << read_file(gateway.path("err"));
+        EXPECT_EQ(std::filesystem::exists(record), initialised || !verb.empty());
+        forget();
+        shell("sed -i s/BssidNum=8/BssidNum=4/ " + settings); // the old count is known
+        (void)code(client, set_transmit_power, word(9) + word(50));
+        EXPECT_EQ(count("log", "set zv00 TxPower="), initialised ? 1 : 0);
+        EXPECT_EQ(client.call(get_status, word(1)) != data_reply(0, {}, std::string(1, '\0')), initialised);
+        EXPECT_EQ(call(init), initialised ? result : in_progress);
+        EXPECT_EQ(init_result(), result);
+        EXPECT_EQ(verbs().substr(0, 7), verb);
+        shell(std::string(repair) + "; cp /tmp/sim/factory/*24g.dat " + settings);
+        EXPECT_EQ(call(reset), 0);
+        EXPECT_FALSE(std::filesystem::exists(record));
+    }
+}
+
 // A limit on the address space leaves no room for a thread's stack.
 TEST_F(Lifecycle, AThreadThatCannotBeHadIsReported) {
     if (sanitized)
@@ -398,7 +451,8 @@ std::vector<std::string> pry() {
     shell("rm -rf /tmp/pry && mkdir /tmp/pry && ln -s zv_host.sh /tmp/pry/ifconfig");
     write_file("/tmp/pry/zv_host.sh", prying_script);
     shell("chmod +x /tmp/pry/zv_host.sh");
-    return {"zav_install_dir=/tmp/pry", std::string("PATH=/tmp/pry:") + std::getenv("PATH")};
+    return {"zav_install_dir=/tmp/pry", "RUNTIME_DIRECTORY=/tmp/pry",
+            std::string("PATH=/tmp/pry:") + std::getenv("PATH")};
 }
 
 // What the script itself has open comes on top of 0, 1 and 2: here it has inherited nothing else.

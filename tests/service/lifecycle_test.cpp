@@ -391,12 +391,12 @@ TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
         shell("cd /tmp/gateway; " + (damage.empty() ? "" : damage + " run/driver"));
         write_file(gateway.path("err"), "");
         gateway.restart();
-        EXPECT_EQ(count("err", "\n"), damage.empty() ? 0 : 1) << read_file(gateway.path("err"));
+        EXPECT_EQ(gateway.count("err", "\n"), damage.empty() ? 0 : 1) << read_file(gateway.path("err"));
         EXPECT_EQ(std::filesystem::exists(record), initialised || !verb.empty());
         forget();
         shell("sed -i s/BssidNum=8/BssidNum=4/ " + settings); // the old count is known
         (void)code(client, set_transmit_power, word(9) + word(50));
-        EXPECT_EQ(count("log", "set zv00 TxPower="), initialised ? 1 : 0);
+        EXPECT_EQ(gateway.count("log", "set zv00 TxPower="), initialised ? 1 : 0);
         EXPECT_EQ(client.call(get_status, word(1)) != data_reply(0, {}, std::string(1, '\0')), initialised);
         EXPECT_EQ(call(init), initialised ? result : in_progress);
         EXPECT_EQ(init_result(), result);

@@ -22,10 +22,8 @@ GATEWAY = Path("/tmp/gateway")
 sys.path.insert(0, str(TOP / "protocol"))
 from generator import model  # noqa: E402
 
-spec = importlib.util.spec_from_file_location("wlan_config", MADE / "python" / "wlan_config.py")
-wlan_config = importlib.util.module_from_spec(spec)
-sys.modules["wlan_config"] = wlan_config
-spec.loader.exec_module(wlan_config)
+sys.path.insert(0, str(MADE / "python"))
+import wlan_config  # noqa: E402
 
 
 def run(*command, **options):

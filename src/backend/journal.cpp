@@ -130,6 +130,8 @@ bool open_journal(const char *directory) {
     if (directory[0] != '/')
         return false;
     const Descriptor parent(open(directory, O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    if (!parent.valid())
+        return false;
     constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     Descriptor opened(openat(parent.get(), "settings-journal", flags, 0600));
     if (!opened.valid() || fsync(parent.get()) != 0)

@@ -1,6 +1,7 @@
 #include "api/rates.h"
 #include "backend/config_store.h"
 #include "rpc/codec.h"
+#include "rpc/named_codecs.h"
 
 #include <benchmark/benchmark.h>
 #include <cstdio>
@@ -25,19 +26,27 @@ void make_settings(const std::string &path) {
 void store_get(benchmark::State &state) {
     std::array<char, 64> value;
     for (auto unused : state)
-        if (nvram_get_str("zvi00", "AutoRateFallback", value) != success)
+        if (nvram_get_str(settings_24g, "AutoRateFallback", value) != success)
             state.SkipWithError("get failed");
 }
 BENCHMARK(store_get);
 
 void store_set(benchmark::State &state) {
+    if (state.range(1) != 0)
+        open_settings_journal(); // for good: the last cases
     const std::array values{"0", state.range(0) == 0 ? "1" : "111"};
     std::size_t turn = 0;
     for (auto unused : state)
-        if (nvram_set_str("zvi00", "AutoRateFallback", values[turn++ % 2]) == failure)
+        if (nvram_set_str(settings_24g, "AutoRateFallback", values[turn++ % 2]) == failure)
             state.SkipWithError("set failed");
 }
-BENCHMARK(store_set)->ArgName("resize")->Arg(0)->Arg(1);
+BENCHMARK(store_set)
+    ->ArgNames({"resize", "journal"})
+    ->Args({0, 0})
+    ->Args({1, 0})
+    ->Args({0, 1})
+    ->Args({1, 1})
+    ->UseRealTime();
 
 void decode_argument(benchmark::State &state) {
     std::string name = "Gateway-2.4G";
@@ -75,6 +84,7 @@ int main(int argc, char **argv) {
     }
     make_settings(directory + "/ZAV75024g.dat");
     setenv("zav_cfg_dir", directory.c_str(), 1);
+    setenv("STATE_DIRECTORY", directory.c_str(), 1);
     benchmark::RunSpecifiedBenchmarks();
     std::filesystem::remove_all(directory);
 }

@@ -1,4 +1,5 @@
 #include "api/lifecycle.h"
+#include "backend/config_store.h"
 #include "rpc/protocol.h"
 #include "rpc/registration.h"
 #include "rpc/service.h"
@@ -32,7 +33,8 @@ constexpr char usage[] =
     "  WLAN_CONFIGD_PEERS  IPv4 addresses and networks that may ask, such as 192.168.1.2,10.0.0.0/8;\n"
     "                      without it everyone\n"
     "  RUNTIME_DIRECTORY   directory to keep in what is known of the driver, for a restarted daemon;\n"
-    "                      without it a restarted daemon knows nothing\n\n"
+    "                      without it a restarted daemon knows nothing\n"
+    "  STATE_DIRECTORY     directory of the journal that keeps settings whole over kills and power cuts\n\n"
     "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
 
 int give_up(const char *reason) {
@@ -105,6 +107,7 @@ int main(int argc, char **argv) {
     if (!read_environment(&environment)) // before the portmapper is touched, too
         return 1;
     std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
+    open_settings_journal();
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
     const char *address = argc > 1 ? argv[1] : nullptr;
     if (address != nullptr)

@@ -59,10 +59,7 @@ bool can_extend(const char *who, int channel, unsigned side) {
 }
 
 // The side in force is the one that the list has for the channel; one that it has none for changes nothing.
-Status follow_channel(const Bss &bss, int channel) {
-    Sides sides;
-    if (read_numbers(bss, sides_key, sides) != success)
-        return failure;
+Status follow_channel(const Bss &bss, int channel, Sides &sides) {
     if (channel < 1 || channel > channels_24g)
         return unchanged;
     return nvram_set_int(bss, "HT_EXTCHA", side_of(sides, channel));
@@ -92,10 +89,16 @@ Status ZAV_SetChannel(int index, unsigned channel) {
     if ((number == 140 || number == 165) &&
         (nvram_get_str(bss, "HT_BW", bandwidth) != success || bandwidth[0] == '1'))
         return failure;
-    const Status stored = nvram_set_int(bss, "Channel", number);
-    if (stored == failure || number == 0 || bss.radio != Radio::band_24g)
-        return stored;
-    return code_of_two(stored, follow_channel(bss, number));
+    bool has_sides = true; // without their list the channel is stored all the same
+    const Status result = nvram_set_together(bss, [&] {
+        const Status stored = nvram_set_int(bss, "Channel", number);
+        if (stored == failure || number == 0 || bss.radio != Radio::band_24g)
+            return stored;
+        Sides sides;
+        has_sides = read_numbers(bss, sides_key, sides) == success;
+        return has_sides ? code_of_two(stored, follow_channel(bss, number, sides)) : stored;
+    });
+    return has_sides ? result : failure;
 }
 
 Status ZAV_GetCurrentChannel(int index, unsigned *ret_channel) {

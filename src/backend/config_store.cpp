@@ -1,8 +1,8 @@
 #include "backend/config_store.h"
 
 #include "backend/descriptor.h"
+#include "backend/journal.h"
 #include "backend/log.h"
-#include "backend/replace_text.h"
 #include "backend/text.h"
 
 #include <algorithm>
@@ -16,6 +16,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <sys/stat.h>
 #include <utility>
 
 namespace {
@@ -23,10 +24,18 @@ namespace {
 constexpr char lock_file[] = "/tmp/nvram_set_lock";
 constexpr char vlan_file[] = "/tmp/ZAV750vlan.dat";
 
-// Held over each whole get and each whole read-change-write; guards both buffers.
-std::mutex store_mutex;
+// Held over each whole get and each whole read-change-write; guards both buffers. Recursive for the gets and
+// sets of a change of several keys.
+std::recursive_mutex store_mutex;
 std::array<char, settings_file_limit> stored_text;
 std::array<char, settings_file_limit> changed_text;
+
+// The file whose keys are set together, while they are.
+struct SharedText {
+    Store store;
+    std::optional<std::string> text;
+};
+SharedText *shared_text = nullptr;
 
 // Where a value stands in the text of a file.
 struct Range {
@@ -59,19 +68,64 @@ Descriptor open_settings(const SettingsFile &file) {
     return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK | links));
 }
 
+// The whole text for a set: what is not read would be lost. A file of the limit or more is cut at it.
+std::optional<std::string_view> read_whole_settings(const Descriptor &file) {
+    struct stat found {};
+    std::size_t length = 0;
+    ssize_t more = 0;
+    do {
+        more = read(file.get(), stored_text.data() + length, stored_text.size() - length);
+        if (more < 0 || fstat(file.get(), &found) != 0)
+            return std::nullopt;
+        length += static_cast<std::size_t>(more);
+        if (length == stored_text.size() || std::cmp_equal(length, found.st_size))
+            return std::string_view(stored_text.data(), length);
+    } while (more > 0);
+    return std::nullopt;
+}
+
 std::optional<std::string_view> read_settings(const Descriptor &file) {
-    if (!file.valid())
-        return std::nullopt;
     std::size_t length = 0;
     for (;;) {
         const ssize_t more = read(file.get(), stored_text.data() + length, stored_text.size() - length);
         if (more < 0)
             return std::nullopt;
         length += static_cast<std::size_t>(more);
-        // A text that ends inside a line may have been read short: what is not read would be lost in a set.
+        // A text that ends inside a line may have been read short.
         if (more == 0 || length == stored_text.size() || stored_text.at(length - 1) == '\n')
             return std::string_view(stored_text.data(), length);
     }
+}
+
+bool is_shared(const SettingsFile &file) {
+    return shared_text != nullptr && shared_text->store == file.store;
+}
+
+std::optional<std::string_view> text_for_get(const SettingsFile &file) {
+    return is_shared(file) ? shared_text->text : read_settings(open_settings(file));
+}
+
+// Before any other change, a change that was cut off is finished. False after an error line.
+bool settle(const char *who) {
+    const auto store = interrupted_store();
+    if (!store)
+        return true;
+    if (is_locked(who))
+        return false;
+    const SettingsFile settings{*store, ""};
+    const Descriptor file = open_settings(settings);
+    const char *path = "settings";
+    (void)getNvramPath(*store, &path);
+    const auto text = read_whole_settings(file);
+    Finished finished = text ? finish_change(file.get(), *text) : Finished::rewritten;
+    if (finished == Finished::rewritten) {
+        log_error("[ZAV-API] Error %s a change of %s was cut off, and the file rewritten since\n", who, path);
+        finished = forget_change() ? Finished::yes : Finished::failed;
+    }
+    if (finished == Finished::failed)
+        log_error("[ZAV-API] Error %s a change of %s was cut off and cannot be finished: %s\n", who, path,
+                  strerror(errno));
+    return finished == Finished::yes;
 }
 
 bool is_key(std::string_view key) {
@@ -121,15 +175,17 @@ void say_too_long(const char *who) {
     log_error("[ZAV-API] Error %s settings file would pass %zu bytes\n", who, settings_file_limit - 1);
 }
 
-Status write_text(const char *who, Descriptor file, std::string_view from, std::string_view to) {
-    if (replace_text(file.get(), from, to) && file.close())
+Status write_text(const char *who, Store store, Descriptor file, std::string_view from, std::string_view to) {
+    if (change_text(store, file.get(), from, to) && file.close())
         return success;
     log_error("[ZAV-API] Error %s write failed %s (%d).\n", who, strerror(errno), errno);
     return failure;
 }
 
-Status store_value(const char *who, Descriptor file, std::string_view key, std::string_view value) {
-    const auto text = read_settings(file);
+Status store_value(const char *who, const SettingsFile &file, std::string_view key, std::string_view value) {
+    Descriptor opened = is_shared(file) ? Descriptor(-1) : open_settings(file);
+    const std::optional<std::string_view> text =
+        is_shared(file) ? shared_text->text : read_whole_settings(opened);
     if (!text)
         return failure;
     const auto place = find_value(*text, key);
@@ -141,7 +197,11 @@ Status store_value(const char *who, Descriptor file, std::string_view key, std::
         say_too_long(who);
         return failure;
     }
-    const Status written = write_text(who, std::move(file), *text, *changed);
+    Status written = success;
+    if (is_shared(file))
+        shared_text->text = *changed;
+    else
+        written = write_text(who, file.store, std::move(opened), *text, *changed);
     if (written == success && place)
         log_debug("[ZAV-API] %s done with SUCCESS\n", who);
     return written;
@@ -154,11 +214,22 @@ Status getNvramPath(Store store, const char **ret_path) {
     return *ret_path == nullptr ? failure : success;
 }
 
+void open_settings_journal() {
+    const std::lock_guard held(store_mutex);
+    const char *const directory = std::getenv("STATE_DIRECTORY");
+    if (directory == nullptr)
+        return;
+    if (open_journal(directory))
+        (void)settle(__func__); // what cannot be done now is tried before the next change
+    else
+        log_error("[ZAV-API] Error %s no journal in %s: %s\n", __func__, directory, strerror(errno));
+}
+
 Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value) {
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s\n", __func__, file.name,
               static_cast<int>(key.size()), key.data());
     const std::lock_guard held(store_mutex);
-    const auto text = read_settings(open_settings(file));
+    const auto text = text_for_get(file);
     const auto place = text ? find_value(*text, key) : std::nullopt;
     if (!place)
         return failure;
@@ -182,7 +253,7 @@ Status nvram_get_whole(const SettingsFile &file, std::string_view key, std::stri
 
 Status nvram_set_str(const SettingsFile &file, std::string_view key, const char *value) {
     const std::lock_guard held(store_mutex);
-    if (is_locked(__func__))
+    if (is_locked(__func__) || !settle(__func__))
         return failure;
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s, val=%s\n", __func__, file.name,
               static_cast<int>(key.size()), key.data(), value);
@@ -192,13 +263,39 @@ Status nvram_set_str(const SettingsFile &file, std::string_view key, const char 
     }
     if (!nvram_can_hold(__func__, value))
         return failure;
-    return store_value(__func__, open_settings(file), key, value);
+    return store_value(__func__, file, key, value);
 }
 
 Status nvram_set_int(const SettingsFile &file, std::string_view key, int value) {
     std::array<char, 12> text{};
     std::to_chars(text.data(), text.data() + text.size() - 1, value);
     return nvram_set_str(file, key, text.data());
+}
+
+Status nvram_set_together(const SettingsFile &file, const std::function<Status()> &sets) {
+    const std::lock_guard held(store_mutex);
+    if (!settle("nvram_set_str"))
+        return failure; // as each of the sets would be
+    Descriptor settings = open_settings(file);
+    const std::optional<std::string> text(read_whole_settings(settings));
+    SharedText shared{file.store, text};
+    shared_text = &shared;
+    const Status result = sets();
+    shared_text = nullptr;
+    if (result == failure || shared.text == text)
+        return result;
+    return write_text("nvram_set_str", file.store, std::move(settings), *text, *shared.text) == success
+               ? result
+               : failure;
+}
+
+Status nvram_set_pair(const SettingsFile &file, const KeyText &first, const KeyText &second) {
+    return nvram_set_together(file, [&] {
+        const Status stored = nvram_set_str(file, first.key, first.value);
+        if (stored == failure)
+            return failure;
+        return code_of_two(stored, nvram_set_str(file, second.key, second.value));
+    });
 }
 
 bool nvram_can_hold(const char *who, const char *value) {
@@ -210,10 +307,10 @@ bool nvram_can_hold(const char *who, const char *value) {
 Status nvram_edit(const char *who, const SettingsFile &file, const Edit &edit) {
     const std::lock_guard held(store_mutex);
     const char *path = nullptr;
-    if (is_locked(who) || getNvramPath(file.store, &path) != success)
+    if (is_locked(who) || !settle(who) || getNvramPath(file.store, &path) != success)
         return failure;
     Descriptor settings = open_settings(file);
-    const auto text = read_settings(settings);
+    const auto text = read_whole_settings(settings);
     std::string changed;
     const Status edited = edit(path, text.value_or(""), &changed);
     if (edited != success || changed.empty())
@@ -224,12 +321,12 @@ Status nvram_edit(const char *who, const SettingsFile &file, const Edit &edit) {
         say_too_long(who);
         return failure;
     }
-    return write_text(who, std::move(settings), *text, changed);
+    return write_text(who, file.store, std::move(settings), *text, changed);
 }
 
 bool nvram_can_take(const char *who, const SettingsFile &file, std::span<const KeyValue> settings) {
     const std::lock_guard held(store_mutex);
-    const auto text = read_settings(open_settings(file));
+    const auto text = text_for_get(file);
     if (!text)
         return false;
     std::size_t length = text->size();

@@ -31,6 +31,11 @@ constexpr std::size_t longest_key = 57;
 // first look.
 Status getNvramPath(Store store, const char **ret_path);
 
+// At the start, before the first change: with STATE_DIRECTORY in the environment, changes are noted in a
+// journal there, and one that a kill or a power cut has interrupted is finished. What is amiss is said, and
+// no error.
+void open_settings_journal();
+
 // 0 and the value, cut at the buffer and terminated; -1 when the file cannot be opened for reading and
 // writing or lacks the key. A failed read leaves `ret_value` untouched.
 Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value);
@@ -45,6 +50,15 @@ Status nvram_get_int(const SettingsFile &file, std::string_view key, int *ret_va
 // longer, any write while /tmp/nvram_set_lock exists. A full disk or an I/O error leaves the old text.
 Status nvram_set_str(const SettingsFile &file, std::string_view key, const char *value);
 Status nvram_set_int(const SettingsFile &file, std::string_view key, int value);
+
+// Several keys of one file that make one setting, stored by one write or not at all: `sets` gets and sets
+// them as usual, on a text that is written unless it answers -1. Its answer, or -1 when the write fails. It
+// runs with the store held, so it does nothing that waits, and asks for no interface.
+Status nvram_set_together(const SettingsFile &file, const std::function<Status()> &sets);
+struct KeyText {
+    const char *key, *value;
+};
+Status nvram_set_pair(const SettingsFile &file, const KeyText &first, const KeyText &second);
 
 // Whether the format can hold the value; false with an error line that names `who`. For settings of several
 // keys, and for values that the driver is told first.

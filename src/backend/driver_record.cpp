@@ -58,7 +58,7 @@ std::string state_text(const KnownDriver &driver) {
 bool write_record(const Paths &at, std::string_view text) {
     constexpr int flags = O_WRONLY | O_CREAT | O_TRUNC | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC;
     Descriptor file(open(at.next.c_str(), flags, S_IRUSR | S_IWUSR));
-    return file.valid() && replace_text(file.get(), "", text) && file.close() &&
+    return file.valid() && write_all(file.get(), text, 0) && file.close() &&
            std::rename(at.next.c_str(), at.record.c_str()) == 0;
 }
 

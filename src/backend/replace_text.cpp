@@ -3,9 +3,8 @@
 #include <algorithm>
 #include <cerrno>
 #include <fcntl.h>
+#include <string>
 #include <unistd.h>
-
-namespace {
 
 bool write_all(int fd, std::string_view text, std::size_t offset) {
     while (!text.empty()) {
@@ -20,12 +19,13 @@ bool write_all(int fd, std::string_view text, std::size_t offset) {
     return true;
 }
 
+namespace {
+
 bool cut(int fd, std::size_t length) { return ftruncate(fd, static_cast<off_t>(length)) == 0; }
 
 // Claims the room behind the old text before a byte of it is touched. Where the file system cannot reserve,
-// the new tail itself is written there.
-bool reserve(int fd, std::size_t old_length, std::string_view to) {
-    const std::size_t added = to.size() - old_length;
+// line feeds are written there: what a kill leaves of them are blank lines.
+bool reserve(int fd, std::size_t old_length, std::size_t added) {
     int refused = 0;
     do
         refused =
@@ -35,16 +35,29 @@ bool reserve(int fd, std::size_t old_length, std::string_view to) {
         return true;
     if (errno != EOPNOTSUPP && errno != ENOSYS)
         return false;
-    return write_all(fd, to.substr(old_length), old_length);
+    return write_all(fd, std::string(added, '\n'), old_length);
 }
 
-// The error that made it necessary is what the caller reports.
-void put_back(int fd, std::string_view from, std::size_t first) {
-    const int error = errno;
-    (void)write_all(fd, from.substr(first), first);
-    (void)cut(fd, from.size());
-    errno = error;
+bool write_tail(int fd, std::string_view to, std::size_t first, std::size_t old_length) {
+    if (to.size() >= old_length)
+        return write_all(fd, to.substr(first), first);
+    // A kill before the cut leaves blank lines behind the text, and not the end of an old line.
+    std::string padded(to.substr(first));
+    padded.resize(old_length - first, '\n');
+    return write_all(fd, padded, first) && cut(fd, to.size());
 }
+
+bool sync(int fd, Sync wanted) { return wanted == Sync::no || fsync(fd) == 0; }
+
+// The error that made it necessary is what the caller reports.
+Replaced put_back(int fd, std::string_view from, std::size_t first, Sync wanted) {
+    const int error = errno;
+    const bool is_back = write_all(fd, from.substr(first), first) && cut(fd, from.size()) && sync(fd, wanted);
+    errno = error;
+    return is_back ? Replaced::no : Replaced::in_part;
+}
+
+} // namespace
 
 // Whole blocks first: byte by byte the search would take as long as a system call.
 std::size_t common_beginning(std::string_view a, std::string_view b) {
@@ -58,17 +71,11 @@ std::size_t common_beginning(std::string_view a, std::string_view b) {
     return same;
 }
 
-} // namespace
-
-bool replace_text(int fd, std::string_view from, std::string_view to) {
+Replaced replace_text(int fd, std::string_view from, std::string_view to, Sync wanted) {
     const std::size_t first = common_beginning(from, to);
-    if (to.size() > from.size() && !reserve(fd, from.size(), to)) {
-        put_back(fd, from, from.size()); // the old text is as it was
-        return false;
-    }
-    const bool done =
-        write_all(fd, to.substr(first), first) && (to.size() >= from.size() || cut(fd, to.size()));
-    if (!done)
-        put_back(fd, from, first);
-    return done;
+    if (to.size() > from.size() && !reserve(fd, from.size(), to.size() - from.size()))
+        return put_back(fd, from, from.size(), wanted); // the old text is as it was
+    if (write_tail(fd, to, first, from.size()) && sync(fd, wanted))
+        return Replaced::yes;
+    return put_back(fd, from, first, wanted);
 }

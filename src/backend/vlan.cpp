@@ -56,10 +56,12 @@ Status store_vlan(const char *who, int vlan, unsigned slot, bool is_free, const 
     // All or nothing: the lines must fit before the first is written.
     if (!nvram_can_take(who, settings_vlan, written))
         return failure;
-    for (const auto &[key, value] : written)
-        if (nvram_set_str(settings_vlan, key, value.c_str()) == failure)
-            return failure;
-    return success;
+    return nvram_set_together(settings_vlan, [&] {
+        for (const auto &[key, value] : written)
+            if (nvram_set_str(settings_vlan, key, value.c_str()) == failure)
+                return failure;
+        return success;
+    });
 }
 
 } // namespace

@@ -57,17 +57,20 @@ Status ZAV_GetWPAReAuthInterval(int index, unsigned *ret_interval) {
 
 // The method goes with the interval.
 Status ZAV_SetWPAReAuthInterval(int index, unsigned interval) {
+    const char *const who = __func__;
     Bss bss;
     NumberList list;
-    log_set(__func__, index, interval);
-    if (find_listed_bss(__func__, rekey_interval.bad_index, index, &bss) != success)
+    log_set(who, index, interval);
+    if (find_listed_bss(who, rekey_interval.bad_index, index, &bss) != success)
         return failure;
-    if (read_numbers(bss, rekey_interval.key.text, list) != success)
-        return failure;
-    const Status method =
-        write_list_text(__func__, bss, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
-    if (method == failure)
-        return failure;
-    list.at(bss.number - 1) = static_cast<int>(interval);
-    return code_of_two(method, write_numbers(bss, rekey_interval.key.text, list));
+    return nvram_set_together(bss, [&] {
+        if (read_numbers(bss, rekey_interval.key.text, list) != success)
+            return failure;
+        const Status method =
+            write_list_text(who, bss, "RekeyMethod", bss.number, interval != 0 ? "TIME" : "DISABLE");
+        if (method == failure)
+            return failure;
+        list.at(bss.number - 1) = static_cast<int>(interval);
+        return code_of_two(method, write_numbers(bss, rekey_interval.key.text, list));
+    });
 }

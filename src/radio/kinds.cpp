@@ -152,10 +152,7 @@ Status write_setting(const char *who, const FlagPair &setting, int index, unsign
         find_reported_bss(who, Reported::by_nobody, index, &bss) != success)
         return failure;
     const auto &[first, second] = setting.choices.at(value);
-    const Status stored = nvram_set_str(bss, setting.first.text, first);
-    if (stored == failure)
-        return failure;
-    return code_of_two(stored, nvram_set_str(bss, setting.second.text, second));
+    return nvram_set_pair(bss, {setting.first.text, first}, {setting.second.text, second});
 }
 
 Status read_setting(const char *who, const BssList &setting, int index, unsigned *ret_value) {

@@ -141,10 +141,62 @@ Status store_without(const Bss &bss, const char *key, const StoredList &list, st
     return store_list(bss, key, changed);
 }
 
+// Both lists are stored together. Where they do not match, the addresses alone are: another program's lists
+// are not for this one to mend.
+Status add_entry(const char *who, const Bss &bss, std::string_view mac, const char *name,
+                 bool *ret_is_paired) {
+    StoredList macs, names;
+    read_upper_macs(who, bss, &macs);
+    if (macs.text.find(mac) != macs.text.npos)
+        return unchanged;
+    if (check_limit(who, too_long_to_change, macs) != success)
+        return failure;
+    if (macs.count == static_cast<int>(most_entries)) {
+        log_error("[ZAV-API] Error %s ERROR: access list is full, cannot add more MACs.\n", who);
+        return failure;
+    }
+    read_list(bss, names_key, &names);
+    const std::string new_macs = with_entry(macs, mac), new_names = with_entry(names, name);
+    if (check_room(who, bss, macs, new_macs, names, new_names) != success ||
+        store_list(bss, macs_key, new_macs) != success)
+        return failure;
+    *ret_is_paired = check_names(who, macs, names) == success;
+    if (!*ret_is_paired)
+        return success;
+    return store_list(bss, names_key, new_names);
+}
+
+Status delete_entry(const char *who, const Bss &bss, std::string_view mac, bool *ret_is_paired) {
+    StoredList macs, names;
+    read_upper_macs(who, bss, &macs);
+    if (macs.text.find(mac) == macs.text.npos)
+        return unchanged;
+    if (check_limit(who, too_long_to_change, macs) != success)
+        return failure;
+    const auto tokens = macs.tokens();
+    const auto entry = std::find(tokens.begin(), tokens.end(), mac);
+    if (entry == tokens.end())
+        return unchanged;
+    const auto position = static_cast<std::size_t>(entry - tokens.begin());
+    if (store_without(bss, macs_key, macs, position) != success)
+        return failure;
+    read_list(bss, names_key, &names);
+    *ret_is_paired = check_names(who, macs, names) == success;
+    if (!*ret_is_paired)
+        return success;
+    return store_without(bss, names_key, names, position);
+}
+
 void tell_driver(int index, const char *command, const char *value) {
     std::array<char, 48> text;
     std::snprintf(text.data(), text.size(), "%s=%s", command, value);
     (void)ZAV_Set(index, text.data());
+}
+
+Status tell_changed(int index, const char *command, const MacText &mac, Status stored) {
+    if (stored == success)
+        tell_driver(index, command, mac.data());
+    return stored;
 }
 
 } // namespace
@@ -176,68 +228,40 @@ Status ZAV_SetMacAddressControlEnabled(int index, unsigned policy) {
 Status ZAV_SetMacAddressControlClear(int index) {
     log_debug("[ZAV-API] %s entry (%d).\n", __func__, index);
     Bss bss;
-    if (find_bss(index, &bss) != success || store_list(bss, macs_key, "") != success ||
-        store_list(bss, names_key, "") != success)
+    if (find_bss(index, &bss) != success ||
+        nvram_set_together(bss, [&] {
+            return store_list(bss, macs_key, "") == success ? store_list(bss, names_key, "") : failure;
+        }) != success)
         return failure;
     tell_driver(index, "ACLClearAll", "1");
     return success;
 }
 
 Status ZAV_SetMacAddressControlAdd(int index, const char *mac, const char *name, std::span<char> ret_stored) {
+    const char *const who = __func__;
     Bss bss;
     MacText upper;
-    if (find_bss(__func__, index, &bss) != success || take_mac(__func__, mac, upper) != success ||
-        check_name(__func__, name) != success)
+    if (find_bss(who, index, &bss) != success || take_mac(who, mac, upper) != success ||
+        check_name(who, name) != success)
         return failure;
     copy_text(ret_stored, upper.data());
-    StoredList macs, names;
-    read_upper_macs(__func__, bss, &macs);
-    if (macs.text.find(upper.data()) != macs.text.npos)
-        return unchanged;
-    if (check_limit(__func__, too_long_to_change, macs) != success)
-        return failure;
-    if (macs.count == static_cast<int>(most_entries)) {
-        log_error("[ZAV-API] Error %s ERROR: access list is full, cannot add more MACs.\n", __func__);
-        return failure;
-    }
-    read_list(bss, names_key, &names);
-    const std::string new_macs = with_entry(macs, upper.data()), new_names = with_entry(names, name);
-    if (check_room(__func__, bss, macs, new_macs, names, new_names) != success ||
-        store_list(bss, macs_key, new_macs) != success)
-        return failure;
-    if (check_names(__func__, macs, names) != success)
-        return failure; // the address stays stored: another program's lists are not for this one to mend
-    if (store_list(bss, names_key, new_names) != success)
-        return failure;
-    tell_driver(index, "ACLAddEntry", upper.data());
-    return success;
+    bool is_paired = true;
+    const Status stored =
+        nvram_set_together(bss, [&] { return add_entry(who, bss, upper.data(), name, &is_paired); });
+    return tell_changed(index, "ACLAddEntry", upper, is_paired ? stored : failure);
 }
 
 Status ZAV_SetMacAddressControlDelete(int index, const char *mac, std::span<char> ret_stored) {
+    const char *const who = __func__;
     Bss bss;
     MacText upper;
-    if (find_bss(__func__, index, &bss) != success || take_mac(__func__, mac, upper) != success)
+    if (find_bss(who, index, &bss) != success || take_mac(who, mac, upper) != success)
         return failure;
     copy_text(ret_stored, upper.data());
-    StoredList macs, names;
-    read_upper_macs(__func__, bss, &macs);
-    if (macs.text.find(upper.data()) == macs.text.npos)
-        return unchanged;
-    if (check_limit(__func__, too_long_to_change, macs) != success)
-        return failure;
-    const auto tokens = macs.tokens();
-    const auto entry = std::find(tokens.begin(), tokens.end(), std::string_view(upper.data()));
-    if (entry == tokens.end())
-        return unchanged;
-    const auto position = static_cast<std::size_t>(entry - tokens.begin());
-    if (store_without(bss, macs_key, macs, position) != success)
-        return failure;
-    read_list(bss, names_key, &names);
-    if (check_names(__func__, macs, names) != success ||
-        store_without(bss, names_key, names, position) != success)
-        return failure;
-    tell_driver(index, "ACLDelEntry", upper.data());
-    return success;
+    bool is_paired = true;
+    const Status stored =
+        nvram_set_together(bss, [&] { return delete_entry(who, bss, upper.data(), &is_paired); });
+    return tell_changed(index, "ACLDelEntry", upper, is_paired ? stored : failure);
 }
 
 Status ZAV_GetMacAddressControlList(int index, std::span<char> ret_list) {

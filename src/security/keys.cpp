@@ -151,11 +151,13 @@ Status ZAV_SetWepKey(int index, int key_index, const char *key) {
         log_error("[ZAV-API] Error %s key length is not compatible with encryption level.\n", __func__);
         return failure;
     }
-    const Status type =
-        write_list_number(bss, wep_setting(key_index, "Type"), bss.number, is_ascii_wep_key(length) ? 1 : 0);
-    if (type == failure)
-        return failure;
-    return code_of_two(type, nvram_set_str(bss, wep_key_setting(key_index, bss), key));
+    return nvram_set_together(bss, [&] {
+        const Status type = write_list_number(bss, wep_setting(key_index, "Type"), bss.number,
+                                              is_ascii_wep_key(length) ? 1 : 0);
+        if (type == failure)
+            return failure;
+        return code_of_two(type, nvram_set_str(bss, wep_key_setting(key_index, bss), key));
+    });
 }
 
 Status ZAV_GetWepKeyPassphrase(int index, std::span<char> ret_key) {

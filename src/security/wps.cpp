@@ -332,10 +332,7 @@ Status ZAV_SetWpsUuid(int index, const char *uuid) {
         return failure;
     std::array<char, 37> digits{};
     std::copy_if(uuid, uuid + std::strlen(uuid), digits.begin(), [](char c) { return c != '-'; });
-    const Status with_dashes = nvram_set_str(radio.first, "WSC_UUID_Str1", uuid);
-    if (with_dashes == failure)
-        return failure;
-    return code_of_two(with_dashes, nvram_set_str(radio.first, "WSC_UUID_E1", digits.data()));
+    return nvram_set_pair(radio.first, {"WSC_UUID_Str1", uuid}, {"WSC_UUID_E1", digits.data()});
 }
 
 Status ZAV_GetWpsDeviceName(int index, std::span<char> ret_name) {

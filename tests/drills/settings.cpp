@@ -1,0 +1,218 @@
+// The settings files through kills, failing calls and power cuts: settings_drill KILLS BLOCKS. Each set is
+// met at each of its system calls; a daemon that sets is killed KILLS times; and the daemon is started on
+// each state of a disk that up to BLOCKS blocks, written in any order, can have left.
+
+#include "../unit/settings_files.h"
+#include "backend/config_store.h"
+
+#include <cerrno>
+#include <csignal>
+#include <iostream>
+#include <random>
+#include <sys/stat.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+#include <vector>
+
+static const std::string steps[] = {"33", "1", "2", "", std::string(900, 'a'), "22", std::string(5000, 'b')};
+struct Call {
+    char kind; // write, truncate, sync, reserve
+    bool of_journal;
+    std::size_t step, at;
+    std::string bytes;
+};
+static std::vector<Call> calls;
+static std::size_t step, hit = SIZE_MAX; // the call that something happens to
+static char what;                        // the end Before it, in its Middle, After it; it Fails, is Short
+static bool reserves = true;
+static ino_t inode;
+
+static long at_call(char kind, int fd, off_t at, std::string_view bytes, auto run) {
+    const bool is_hit = calls.size() == hit,
+               is_half = is_hit && bytes.size() > 1 && what != 'B' && what != 'A';
+    struct stat found {};
+    fstat(fd, &found);
+    calls.push_back({kind, found.st_ino != inode, step, std::size_t(at), std::string(bytes)});
+    errno = EIO;
+    if (is_hit && what == 'F')
+        return -1;
+    const long result = is_hit && what == 'B' ? 0 : run(bytes.size() / (is_half ? 2 : 1));
+    return is_hit && what != 'S' ? (_exit(0), 0) : result;
+}
+extern "C" ssize_t read(int fd, void *text,
+                        std::size_t length) { // first no more than the lines of a short value
+    return syscall(SYS_read, fd, text,
+                   lseek(fd, 0, SEEK_CUR) == 0 ? std::min<std::size_t>(length, 7) : length);
+}
+extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at) {
+    return at_call('w', fd, at, {static_cast<const char *>(text), length},
+                   [=](std::size_t some) { return syscall(SYS_pwrite64, fd, text, some, at); });
+}
+extern "C" int ftruncate(int fd, off_t length) noexcept {
+    return int(at_call('t', fd, length, "", [=](auto) { return syscall(SYS_ftruncate, fd, length); }));
+}
+extern "C" int fsync(int fd) {
+    return int(at_call('s', fd, 0, "", [](auto) { return 0; }));
+}
+extern "C" int fallocate(int fd, int mode, off_t at, off_t length) {
+    return int(at_call('r', fd, 0, "", [=](auto) {
+        errno = EOPNOTSUPP;
+        return reserves ? syscall(SYS_fallocate, fd, mode, at, length) : -1L;
+    }));
+}
+
+static std::string text_of(const std::string &value) {
+    return "#\nA=" + value + "\nP=" + std::string(4000, 'p') + "\nB=" + value + "\nQ=1\n";
+}
+static Status set(std::size_t to) {
+    return nvram_set_pair(settings_24g, {"A", steps[to].c_str()}, {"B", steps[to].c_str()});
+}
+static void begin(const std::string &text, const std::string &journal) {
+    write_file(file_24g, text);
+    write_file("/tmp/settings/settings-journal", journal);
+}
+static std::size_t tried, damaged;
+static bool check_one_of(std::initializer_list<std::string> texts) {
+    std::string found = read_file(file_24g);
+    while (std::getenv("STATE_DIRECTORY") == nullptr && found.ends_with("\n\n"))
+        found.pop_back(); // a kill may leave blank lines
+    ++tried;
+    const bool is_damaged = std::find(texts.begin(), texts.end(), found) == texts.end();
+    damaged += is_damaged;
+    return !is_damaged;
+}
+static int run_child(unsigned microseconds, auto child) {
+    int status = 0;
+    const pid_t pid = fork();
+    if (pid == 0)
+        _exit((open_settings_journal(), calls.clear(), child()));
+    if (microseconds > 0 && usleep(microseconds) == 0)
+        kill(pid, SIGKILL);
+    waitpid(pid, &status, 0);
+    return WEXITSTATUS(status);
+}
+
+static void meet_each_call(char event) {
+    what = event;
+    for (std::size_t i = 2; i < 2 * std::size(steps); ++i) {
+        const std::string before = text_of(steps[i / 2 - 1]), after = text_of(steps[i / 2]);
+        const std::string of_another = std::string(before).replace(before.find("B="), 1, "C");
+        reserves = i % 2 == 0;
+        int end = 0; // 0 in the set, 1 it succeeded, 2 it failed; 3 it met nothing
+        for (std::size_t at = 0; end < 3; ++at) {
+            begin(before, "");
+            end = run_child(0, [=] {
+                hit = at;
+                const Status result = set(i / 2);
+                return calls.size() <= hit && result == success ? 3 : result == success ? 1 : 2;
+            });
+            const std::string journal = read_file("/tmp/settings/settings-journal");
+            open_settings_journal();
+            check_one_of({end == 0 || end == 2 ? before : after, end == 2 ? before : after});
+            begin(of_another, journal);
+            open_settings_journal();
+            check_one_of({of_another});
+        }
+    }
+}
+
+static void kill_often(int kills) {
+    std::mt19937 random(1);
+    begin(text_of(steps[0]), "");
+    for (int i = 0; i < kills; ++i) {
+        run_child(1 + static_cast<unsigned>(random() % 2000), [] {
+            for (std::size_t to = 0;; ++to)
+                (void)set(to % std::size(steps));
+            return 0;
+        });
+        open_settings_journal();
+        if (!check_one_of({text_of(steps[0]), text_of(steps[1]), text_of(steps[2]), text_of(steps[3]),
+                           text_of(steps[4]), text_of(steps[5]), text_of(steps[6])}))
+            begin(text_of(steps[0]), "");
+    }
+}
+
+struct Disk {
+    std::string synced;
+    std::vector<Call> under_way;
+
+    void put(const Call &call, std::size_t block) {
+        if (call.kind == 's')
+            *this = {after(SIZE_MAX), {}};
+        for (std::size_t from = 0, some = 0; from < call.bytes.size(); from += some) {
+            some = block - (call.at + from) % block;
+            under_way.push_back({'w', false, 0, call.at + from, call.bytes.substr(from, some)});
+        }
+        if (call.kind == 't' || (call.kind == 'w' && call.at + call.bytes.size() > after(SIZE_MAX).size()))
+            under_way.push_back({'t', false, 0, call.at + call.bytes.size(), ""});
+    }
+    std::string after(std::size_t which) const {
+        std::size_t length = synced.size();
+        std::string text = synced + std::string(40000, '\0');
+        for (std::size_t i = 0; i < under_way.size(); ++i)
+            if (const Call &call = under_way[i]; which != SIZE_MAX && (which >> i & 1) == 0)
+                continue;
+            else if (call.kind == 't')
+                length = call.at;
+            else
+                text.replace(call.at, call.bytes.size(), call.bytes);
+        return text.substr(0, length);
+    }
+};
+
+static void cut_power(std::size_t most_blocks) {
+    begin(text_of(steps[0]), "");
+    open_settings_journal();
+    calls.clear();
+    for (step = 1; step < std::size(steps); ++step)
+        damaged += set(step) != success;
+    const std::vector<Call> made = calls;
+    for (std::size_t cut = 1; cut <= made.size(); ++cut) {
+        const std::size_t now = made[cut - 1].step;
+        const bool is_answered = cut == made.size() || made[cut].step != now;
+        std::size_t blocks = most_blocks + 1;
+        Disk settings, journal;
+        for (std::size_t size = 512; blocks > most_blocks && size < 65536;
+             size *= 2) { // so that all orders can be tried
+            settings = {text_of(steps[0]), {}}, journal = {};
+            for (std::size_t i = 0; i < cut; ++i)
+                (made[i].of_journal ? journal : settings).put(made[i], size);
+            blocks = settings.under_way.size() + journal.under_way.size();
+        }
+        for (std::size_t which = 0; which < std::size_t{1} << std::min(blocks, most_blocks); ++which) {
+            begin(settings.after(which), journal.after(which >> settings.under_way.size()));
+            open_settings_journal();
+            check_one_of({text_of(steps[is_answered ? now : now - 1]), text_of(steps[now])});
+        }
+    }
+}
+
+// Without the journal, a kill in the middle of a write may do damage.
+static bool holds(const std::string &drill, bool may_damage) {
+    std::cout << drill << ": " << damaged << " damaged of " << tried << std::endl;
+    return std::exchange(tried, 0) > 0 && (std::exchange(damaged, 0) == 0 || may_damage);
+}
+
+int main(int, char **argv) {
+    bool all_hold = true;
+    struct stat found {};
+    begin("", "");
+    stat(file_24g, &found);
+    inode = found.st_ino;
+    for (const std::string journal : {"", " with the journal"}) {
+        if (!journal.empty())
+            setenv("STATE_DIRECTORY", "/tmp/settings", 1);
+        for (const char event : {'B', 'M', 'A', 'F', 'S'}) {
+            meet_each_call(event);
+            all_hold &= holds(std::string("each call ") + event + journal, journal.empty() && event == 'M');
+        }
+        kill_often(std::atoi(argv[1]) / (journal.empty() ? 10 : 1));
+        all_hold &= holds("kills" + journal, journal.empty());
+    }
+    cut_power(std::strtoul(argv[2], nullptr, 10));
+    all_hold &= holds("power cuts", false);
+    stat(file_24g, &found);
+    return all_hold && found.st_ino == inode ? 0 : 1;
+}

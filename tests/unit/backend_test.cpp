@@ -127,7 +127,7 @@ TEST(Interfaces, AreProbedInBothFormsOfIfconfig) {
     EXPECT_EQ(running("zv01: flags=4163<UP>  mtu 1500\n"), std::pair(5, 1));
     EXPECT_EQ(running("zvi00     Link encap:Ethernet  HWaddr 00:00:5E:00:53:20\n"), std::pair(24, 0));
     EXPECT_EQ(running("zvi00: flags=2<>\nzv00: flags=2<>\n"), std::pair(245, 1));
-    EXPECT_EQ(running(std::string("lo\0 \nzv00: <>\n", 15)), std::pair(5, 1)) << "a zero byte hides no line";
+    EXPECT_EQ(running(std::string("lo\0 \nzv00: <>\n", 14)), std::pair(5, 1)) << "a zero byte hides no line";
     EXPECT_EQ(running(std::string(255, 'x') + "zv00\nzvi00\n"), std::pair(24, 0))
         << "no line begins in a line";
     write_file("faults/tool.ifconfig.fail", "127");

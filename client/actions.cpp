@@ -1,6 +1,7 @@
 #include "client/commands.h"
 
 #include "client/exchange.h"
+#include "client/lookup.h"
 
 #include <algorithm>
 #include <array>
@@ -12,12 +13,12 @@
 
 namespace {
 
-constexpr int in_progress = 3;
 constexpr std::int64_t scan_running = 1, scan_finished = 3;
 constexpr int poll_interval = 250; // milliseconds
 // How long the platform's scripts may take before the daemon answers, and how long it may be silent while an
 // action is watched.
-constexpr Seconds short_patience{usual_patience}, long_patience{600};
+constexpr Seconds short_patience{usual_patience}, long_patience{600}, restart_patience{120};
+constexpr int polls_of_a_restart = 8; // two seconds
 
 const Clock::time_point begun = Clock::now();
 
@@ -72,16 +73,16 @@ private:
     struct sigaction before_ {};
 };
 
-Error ask_visibly(Connection connection, const Procedure &procedure, Values &arguments, const char *doing,
-                  Seconds patience, Answer &ret_answer) {
+Error ask_visibly(Connection connection, const Procedure &procedure, const Values &arguments,
+                  const char *doing, Seconds patience, Answer &ret_answer) {
     connection.patience = patience.count();
     Waiting waiting(std::move(connection), doing);
     return ask(waiting.connection, procedure, arguments, ret_answer);
 }
 
 // Asks until the daemon answers something else than that the action goes on. A lost reply does not end that.
-Error poll(const Connection &connection, const Procedure &procedure, Values &arguments, const char *doing,
-           bool (*goes_on)(const Answer &), Answer &ret_answer) {
+Error poll(const Connection &connection, const Procedure &procedure, const Values &arguments,
+           const char *doing, bool (*goes_on)(const Answer &), Answer &ret_answer) {
     Waiting waiting(connection, doing);
     Clock::time_point heard = Clock::now();
     do {
@@ -96,7 +97,7 @@ Error poll(const Connection &connection, const Procedure &procedure, Values &arg
     return {Trouble::interrupted, {}};
 }
 
-bool initialises(const Answer &answer) { return answer.code == in_progress; }
+bool initialises(const Answer &answer) { return answer.code == code_in_progress; }
 bool scans(const Answer &answer) { return answer.code >= 0 && answer.numbers.at(0) == scan_running; }
 
 // Of an action: after Ctrl-C, that it goes on, on standard error in any case.
@@ -109,20 +110,45 @@ int print_end(const Output &output, Error error, const char *action) {
     return print_error(output, error);
 }
 
+// The bands of the radios that are initialised, as people say it; empty: none.
+std::string running_bands(Context &context, int &ret_flags) {
+    Answer status;
+    const Values first{{{Kind::integer, 1}}};
+    if (ask(context.connection, *find_procedure("wlan_get_status"), first, status) || status.text.empty() ||
+        find_names(context.connection, context.gateway))
+        return {};
+    const std::vector<std::string> &names = *context.gateway.names;
+    const auto has = [&](const char *prefix) {
+        return std::any_of(names.begin(), names.end(), [&](auto &name) { return name.starts_with(prefix); });
+    };
+    const bool low = has("zvi"), high = has("zv0");
+    ret_flags = low && high ? 245 : low ? 24 : 5;
+    return low && high ? "2.4 GHz and 5 GHz are" : low ? "2.4 GHz is" : "5 GHz is";
+}
+
+// Whether the driver is to be brought up for other radios than those that it runs.
+Error check_running(Context &context, int wanted) {
+    int running = 0;
+    const std::string bands = running_bands(context, running);
+    if (bands.empty() || running == wanted)
+        return {};
+    return {Trouble::failed, fmt::format("{} up; wlanctl down first", bands)};
+}
+
 // The procedures of a scan, and its interface.
 struct Scan {
     const Procedure *begin = nullptr, *status = nullptr, *result = nullptr;
     Values index{};
 };
 
-Error find_scan(Connection &connection, const std::string &index, Scan &ret_scan) {
+Error find_scan(Context &context, const std::string &index, Scan &ret_scan) {
     if (Error error = find_or_suggest("wlan_", "ap_scan", ret_scan.begin))
         return error;
     if (Error error = find_or_suggest("wlan_", "get_ap_scan_status", ret_scan.status))
         return error;
     if (Error error = find_or_suggest("wlan_", "get_ap_scan_result", ret_scan.result))
         return error;
-    return take_arguments(connection, *ret_scan.begin, {index}, ret_scan.index);
+    return take_arguments(context, *ret_scan.begin, {index}, ret_scan.index);
 }
 
 int print_refusal(Context &context, Scan &scan, const Answer &refusal) {
@@ -135,16 +161,20 @@ int print_refusal(Context &context, Scan &scan, const Answer &refusal) {
 
 } // namespace
 
-int up(Context &context, const std::string &name) {
+int up(Context &context, const Words &words) {
+    const std::string name = words.empty() ? "dual" : words.front();
     const auto *chosen =
         std::find_if(radios.begin(), radios.end(), [&](const Radios &each) { return name == each.name; });
     if (chosen == radios.end())
         return print_error(context.output, {Trouble::usage, fmt::format("'{}' is not dual, 24 or 5", name)});
-    auto &[connection, output] = context;
+    Connection &connection = context.connection;
+    const Output &output = context.output;
     const Procedure &load = *find_procedure("wlan_load"), &init = *find_procedure("wlan_init");
-    Values none, flags{{{.number = chosen->flags}}};
+    const Values none, flags{{{.number = chosen->flags}}};
     Answer answer;
     if (Error error = find_daemon(connection))
+        return print_error(output, error);
+    if (Error error = check_running(context, chosen->flags))
         return print_error(output, error);
     if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
         return print_end(output, error, "load goes on, and no initialisation follows it");
@@ -155,28 +185,52 @@ int up(Context &context, const std::string &name) {
     return print_outcome(context, init, none, answer);
 }
 
-int restart(Context &context, const std::string &index) {
-    if (index == "all")
-        return call(context, "wlan_", "restart_all", {});
-    return call(context, "wlan_", "restart", {index});
+int restart(Context &context, const Words &words) {
+    return words.front() == "all" ? call(context, {"restart_all"})
+                                  : call(context, {"restart", words.front()});
 }
 
-int down(Context &context) {
+// The daemon answers before the restart begins and does not tell how it ended: it is over when the first
+// interface is up and has stayed so for a while.
+Error restart_and_wait(Context &context, std::int64_t index) {
+    const bool all = index == 0;
+    const Values subject = all ? Values{} : Values{{{Kind::integer, index}}};
+    const Values watched{{{Kind::integer, all ? 1 : index}}};
+    Answer answer;
+    if (Error error = ask(context.connection, *find_procedure(all ? "wlan_restart_all" : "wlan_restart"),
+                          subject, answer))
+        return error;
+    Waiting waiting(context.connection, "restarting");
+    const Clock::time_point end =
+        Clock::now() + std::chrono::duration_cast<Clock::duration>(restart_patience);
+    int steady = 0; // times it was seen as before, one after the other
+    while (Clock::now() < end && waiting.goes_on_after_a_while()) {
+        Error error = ask(waiting.connection, *find_procedure("wlan_get_status"), watched, answer);
+        if (error && error.trouble != Trouble::timeout)
+            return error;
+        steady = !error && answer.text != "Error" ? steady + 1 : 0;
+        if (steady == polls_of_a_restart)
+            return {};
+    }
+    return {Trouble::timeout, "the restart goes on"};
+}
+
+int down(Context &context, const Words &) {
     const Procedure &reset = *find_procedure("wlan_reset");
-    Values none;
     Answer answer;
     if (Error error = find_daemon(context.connection))
         return print_error(context.output, error);
-    if (Error error = ask_visibly(context.connection, reset, none, "stopping", long_patience, answer))
+    if (Error error = ask_visibly(context.connection, reset, {}, "stopping", long_patience, answer))
         return print_end(context.output, error, "stop goes on");
-    return print_outcome(context, reset, none, answer);
+    return print_outcome(context, reset, {}, answer);
 }
 
-int scan(Context &context, const std::string &index) {
-    auto &[connection, output] = context;
+int scan(Context &context, const Words &words) {
+    Connection &connection = context.connection;
+    const Output &output = context.output;
     Scan scan;
     Answer status, result;
-    if (Error error = find_scan(connection, index, scan))
+    if (Error error = find_scan(context, words.front(), scan))
         return print_error(output, error);
     if (Error error = find_daemon(connection))
         return print_error(output, error);
@@ -197,23 +251,24 @@ int scan(Context &context, const std::string &index) {
     return print_outcome(context, *scan.result, scan.index, result);
 }
 
-int stations(Context &context, const std::string &index) {
-    return call(context, "wlan_", "get_assoc_devices_table", {index});
+int stations(Context &context, const Words &words) {
+    return call(context, {"get_assoc_devices_table", words.front()});
 }
 
-int stats(Context &context, const std::string &index) {
+int stats(Context &context, const Words &words) {
     std::vector<std::pair<const Procedure *, Answer>> answers;
-    const std::pair<const char *, std::vector<std::string>> calls[] = {
-        {"get_basic_stats", {index}}, {"get_stats", {index, "0"}}}; // 0: the traffic counters
+    const std::string &index = words.front();
+    const std::pair<const char *, Words> calls[] = {{"get_basic_stats", {index}},
+                                                    {"get_stats", {index, "0"}}}; // 0: the traffic counters
     for (const auto &[name, given] : calls) {
         auto &[procedure, answer] = answers.emplace_back();
         Values arguments;
         if (Error error = find_or_suggest("wlan_", name, procedure))
             return print_error(context.output, error);
-        if (Error error = take_arguments(context.connection, *procedure, given, arguments))
-            return print_error(context.output, error);
+        if (Error error = take_arguments(context, *procedure, given, arguments))
+            return print_error(context.output, error, procedure);
         if (Error error = ask(context.connection, *procedure, arguments, answer))
-            return print_error(context.output, error);
+            return print_error(context.output, error, procedure);
         if (answer.code < 0)
             return print_outcome(context, *procedure, arguments, answer);
     }

@@ -84,10 +84,6 @@ Finding check_folder(const Connection &connection) {
     return {};
 }
 
-bool is_outside(const Limits &limits, std::int64_t value) {
-    return limits.known && (value < limits.least || value > limits.most);
-}
-
 // What the daemon refuses by its range. Where a rule says more, it may still refuse what is in it.
 Finding check_argument(const Procedure &procedure, const Values &arguments) {
     bool all_known = true;
@@ -149,6 +145,8 @@ std::vector<Reason> find_reasons(const Connection &connection, const Procedure &
 int print_failure(const Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer) {
     const std::vector<Reason> reasons = find_reasons(context.connection, procedure, arguments);
+    const std::string message =
+        fmt::format("{}: the daemon answered failure ({})", procedure.name, answer.code);
     if (context.output.json) {
         Json causes = Json::array();
         for (const Reason &reason : reasons)
@@ -156,11 +154,10 @@ int print_failure(const Context &context, const Procedure &procedure, const Valu
                               {"found", reason.found},
                               {"remedy", reason.cause->remedy},
                               {"sure", reason.sure}});
-        print_json(
-            {{"procedure", procedure.name}, {"status", "failed"}, {"code", answer.code}, {"causes", causes}});
+        print_error_json(Trouble::failed, message, &procedure, &answer.code, causes);
         return static_cast<int>(Trouble::failed);
     }
-    fmt::print(stderr, "wlanctl: {}: the daemon answered failure ({})\n", procedure.name, answer.code);
+    fmt::print(stderr, "wlanctl: {}\n", message);
     for (const Reason &reason : reasons)
         fmt::print(stderr, "  {}{}\n", reason.sure ? "" : "perhaps ", line_of(reason));
     return static_cast<int>(Trouble::failed);

@@ -2,6 +2,7 @@
 
 #include "client/connection.h"
 #include "client/error.h"
+#include "client/gateway.h"
 #include "client/output.h"
 
 #include <string>
@@ -9,40 +10,51 @@
 
 // One function a subcommand; all return the exit status.
 
-struct Context {
-    Connection connection;
-    Output output;
+// What the flags of the subcommands say.
+struct Options {
+    bool force = false;   // send what makes no sense, too
+    bool dry_run = false; // show the calls, and make none that changes anything
+    bool restart = false; // after a change that acts at a restart
+    bool yes = false;     // to what resets settings
 };
 
-int list(const Context &context, const std::string &word);
-int describe(const Context &context, const std::string &name);
+struct Context {
+    Connection connection{};
+    Output output{};
+    Options options{};
+    Gateway gateway{};
+};
 
-// Calls the procedure `prefix` + `name`, or `name` alone where that is the whole name.
-int call(Context &context, const std::string &prefix, const std::string &name,
-         const std::vector<std::string> &given);
+// The words behind the subcommand.
+using Words = std::vector<std::string>;
 
-// Loads the driver for "dual", "24" or "5", starts its initialisation and waits for the end. After Ctrl-C,
-// it, `down` and `scan` say that the action goes on, and return 130.
-int up(Context &context, const std::string &name);
+int list(Context &context, const Words &words);
+int describe(Context &context, const Words &words);
+
+// Call a procedure by its name, with or without wlan_; of a setting, by its name alone.
+int call(Context &context, const Words &words);
+int get(Context &context, const Words &words);
+int set(Context &context, const Words &words);
+
+// Loads the driver for "dual" (the default), "24" or "5", starts its initialisation and waits for the end.
+// After Ctrl-C, it, `down` and `scan` say that the action goes on, and return 130.
+int up(Context &context, const Words &words);
 // One radio, by the index or the name of any of its interfaces, or "all".
-int restart(Context &context, const std::string &index);
-int down(Context &context);
+int restart(Context &context, const Words &words);
+int down(Context &context, const Words &words);
+// Put settings back to those of the factory.
+int restore_defaults(Context &context, const Words &words);
+int wps_oob(Context &context, const Words &words);
 
 // Surveys the radio of the interface, waits for the end and prints the neighbours.
-int scan(Context &context, const std::string &index);
-int stations(Context &context, const std::string &index);
-int stats(Context &context, const std::string &index);
+int scan(Context &context, const Words &words);
+int stations(Context &context, const Words &words);
+int stats(Context &context, const Words &words);
 
-// Reads the arguments of a call, given as on the command line.
-Error take_arguments(Connection &connection, const Procedure &procedure,
-                     const std::vector<std::string> &given, Values &ret_arguments);
-
-// The procedure `prefix` + `name`, or `name` alone where that is the whole name; the error suggests others.
-Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure);
-
-// Prints the answer or, where it is a failure, that and what can be found out about it.
-int print_outcome(const Context &context, const Procedure &procedure, const Values &arguments,
+// Prints the answer or, where it is a failure, that and what can be found out about it. After a change, when
+// it acts; where --restart is said, it is made to act.
+int print_outcome(Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer);
 
-// Calls the procedure; an error names it.
-Error ask(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);
+// Restarts the radio of the interface, or all for 0, and waits until its interfaces are up again.
+Error restart_and_wait(Context &context, std::int64_t index);

@@ -1,6 +1,7 @@
 #include "client/connection.h"
 
 #include "client/exchange.h"
+#include "client/knowledge.h"
 #include "rpc/codec.h"
 
 #include <algorithm>
@@ -9,9 +10,11 @@
 #include <netdb.h>
 #include <rpc/pmap_prot.h>
 #include <sys/socket.h>
-#include <type_traits>
+#include <vector>
 
 namespace {
+
+constexpr Seconds portmapper_patience{1};
 
 Error resolve(const std::string &host, sockaddr_in &ret_address) {
     addrinfo wanted{};
@@ -27,19 +30,21 @@ Error resolve(const std::string &host, sockaddr_in &ret_address) {
 
 Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
     const Seconds timeout{connection.timeout.value_or(usual_patience)};
-    Request request{"the portmapper",
-                    ret_address,
-                    PMAPPROG,
-                    PMAPVERS,
-                    PMAPPROC_GETPORT,
-                    timeout,
-                    std::min(Seconds{1}, timeout),
-                    connection.goes_on};
-    request.address.sin_port = htons(PMAPPORT);
+    Server portmapper{fmt::format("the portmapper of {}", connection.host),
+                      ret_address,
+                      PMAPPROG,
+                      PMAPVERS,
+                      timeout,
+                      connection.goes_on};
+    portmapper.address.sin_port = htons(PMAPPORT);
     unsigned question[] = {WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, 0};
     unsigned port = 0;
-    if (Error error = exchange(request, message(question), message(port)))
-        return error;
+    Exchange asked{PMAPPROC_GETPORT, message(question), message(port), portmapper_patience};
+    exchange(portmapper, {&asked, 1});
+    if (asked.error.trouble == Trouble::unreachable || asked.error.trouble == Trouble::timeout)
+        asked.error.message += "; start rpcbind there, or name the daemon's own port with --port";
+    if (asked.error)
+        return asked.error;
     if (port == 0)
         return {Trouble::unreachable,
                 fmt::format("the portmapper of {} knows no wlan-configd: it is not running, "
@@ -79,26 +84,46 @@ Error take_value(const wlan_config_result_data_t &result, const Procedure &proce
     return {};
 }
 
-Error call_once(const Connection &connection, const Procedure &procedure, Values &arguments,
-                Answer &ret_answer) {
-    const Seconds timeout{connection.timeout.value_or(connection.patience)};
-    // Sent again only after the time is over, that is, never.
-    const Request request{"the daemon",
-                          connection.address,
-                          WLAN_CONFIG_RPC_PROG,
-                          WLAN_CONFIG_API_VERSION,
-                          procedure.number,
-                          timeout,
-                          timeout,
-                          connection.goes_on};
-    wlan_config_result_data_t result{};
-    Message whole = procedure.result == Result::code ? message(result.return_code) : message(result);
-    Error error = exchange(request, message(arguments), whole);
-    ret_answer = {.code = result.return_code};
-    if (!error && ret_answer.code >= 0)
-        error = take_value(result, procedure, ret_answer);
-    xdr_free(code_message, &whole);
-    return error;
+bool is_lost(const Question &question) {
+    return question.error.trouble == Trouble::timeout || question.error.trouble == Trouble::unreachable;
+}
+
+// An action is never asked for twice; what takes its time is given it.
+Seconds resends_after(const Procedure &procedure, Seconds timeout) {
+    return procedure.runs_again ? timeout : std::min(Seconds{knowledge_of(procedure).seconds}, timeout);
+}
+
+// Calls those that `wanted` picks.
+void call_once(const Connection &connection, std::span<Question> questions,
+               bool (*wanted)(const Question &)) {
+    const Server daemon{"the daemon",
+                        connection.address,
+                        WLAN_CONFIG_RPC_PROG,
+                        WLAN_CONFIG_API_VERSION,
+                        Seconds{connection.timeout.value_or(connection.patience)},
+                        connection.goes_on};
+    std::vector<wlan_config_result_data_t> results(questions.size());
+    std::vector<Exchange> exchanges;
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        const Procedure &procedure = *questions[i].procedure;
+        if (wanted(questions[i]))
+            exchanges.push_back(
+                {procedure.number, message(questions[i].arguments),
+                 procedure.result == Result::code ? message(results[i].return_code) : message(results[i]),
+                 resends_after(procedure, daemon.timeout)});
+    }
+    exchange(daemon, exchanges);
+    auto exchanged = exchanges.begin();
+    for (std::size_t i = 0; i < questions.size(); ++i) {
+        Question &question = questions[i];
+        if (!wanted(question))
+            continue;
+        question.error = exchanged->error;
+        question.answer = {.code = results[i].return_code};
+        if (!question.error && question.answer.code >= 0)
+            question.error = take_value(results[i], *question.procedure, question.answer);
+        xdr_free(code_message, &exchanged++->result);
+    }
 }
 
 } // namespace
@@ -107,16 +132,29 @@ Error find_daemon(Connection &connection) {
     return connection.address.sin_port == 0 ? locate(connection) : Error{};
 }
 
-Error call(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer) {
-    if (Error error = find_daemon(connection))
-        return error;
-    Error error = call_once(connection, procedure, arguments, ret_answer);
-    const bool gone = error.trouble == Trouble::timeout || error.trouble == Trouble::unreachable;
-    if (!gone || connection.port != 0)
-        return error;
+void call(Connection &connection, std::span<Question> questions) {
+    if (Error error = find_daemon(connection)) {
+        for (Question &question : questions)
+            question.error = error;
+        return;
+    }
+    call_once(connection, questions, [](const Question &) { return true; });
+    if (connection.port != 0 || std::none_of(questions.begin(), questions.end(), is_lost))
+        return;
     const in_port_t silent = connection.address.sin_port;
-    if (Error unknown = locate(connection))
-        return unknown.trouble == Trouble::interrupted ? unknown : error;
-    return connection.address.sin_port == silent ? error
-                                                 : call_once(connection, procedure, arguments, ret_answer);
+    if (Error unknown = locate(connection)) {
+        if (unknown.trouble == Trouble::interrupted)
+            for (Question &question : questions)
+                if (is_lost(question))
+                    question.error = unknown;
+    } else if (connection.address.sin_port != silent) {
+        call_once(connection, questions, is_lost);
+    }
+}
+
+Error call(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer) {
+    Question question{&procedure, arguments};
+    call(connection, {&question, 1});
+    ret_answer = std::move(question.answer);
+    return question.error;
 }

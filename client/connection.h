@@ -8,6 +8,7 @@
 #include <functional>
 #include <netinet/in.h>
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
@@ -23,6 +24,8 @@ struct Connection {
     sockaddr_in address{};
 };
 
+constexpr int code_done = 0, code_unchanged = 2, code_in_progress = 3;
+
 struct Answer {
     int code = 0;                        // below 0: failure, and there is no value
     std::vector<std::int64_t> numbers{}; // as many as the result of that kind has
@@ -32,6 +35,16 @@ struct Answer {
 // Finds the address, if that has not been done. The calls do so, too.
 Error find_daemon(Connection &connection);
 
-// Calls the procedure once: a lost datagram is not sent again, for the daemon would do a change twice. Only
-// when the portmapper then names another port, where a restarted daemon has not seen it, is it sent there.
-Error call(Connection &connection, const Procedure &procedure, Values &arguments, Answer &ret_answer);
+// One call, and what came of it.
+struct Question {
+    const Procedure *procedure;
+    Values arguments{};
+    Answer answer{};
+    Error error{};
+};
+
+// Calls all of them, some on the way at a time. A lost datagram is sent again within the time-out where that
+// does no harm: the daemon would do an action twice. When the portmapper then names another port, where a
+// restarted daemon has not seen them, calls without a reply are made there.
+void call(Connection &connection, std::span<Question> questions);
+Error call(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer);

@@ -1,7 +1,7 @@
 #include "client/describe.h"
 
 #include "client/knowledge.h"
-#include "client/terminal.h"
+#include "client/table.h"
 #include "client/values.h"
 
 #include <fmt/format.h>
@@ -49,6 +49,7 @@ void add_meaning(Json &object, const ValueMeaning &value) {
     add_limits(object, "length", value.length);
     add_limits(object, "takes", value.takes);
     add_text(object, "rule", value.rule);
+    add_text(object, "pattern", value.pattern);
     for (const NamedValue &named : value.names)
         object["names"][named.value] = named.meaning;
 }
@@ -99,6 +100,7 @@ Json procedure_json(const Procedure &procedure) {
         object["fails"].push_back({{"cause", cause(number).text}, {"remedy", cause(number).remedy}});
     add_texts(object, "oddities", known.oddities);
     add_texts(object, "after", known.after);
+    add_text(object, "resets", known.resets);
     add_text(object, "tr181", known.tr181);
     add_text(object, "since", known.since);
     if (*known.call != '\0')
@@ -145,10 +147,25 @@ void print_arguments(const Procedure &procedure) {
     }
 }
 
+// The codes that a procedure which answers a code alone can answer.
+std::string codes_of(const Procedure &procedure) {
+    const Knowledge &known = knowledge_of(procedure);
+    Row codes{"done"};
+    if (procedure.name.starts_with("wlan_set_") && !known.keys.empty())
+        codes.push_back("unchanged");
+    if (procedure.name == "wlan_init")
+        codes.push_back("in progress");
+    if (!known.fails.empty())
+        codes.push_back("failure");
+    const std::string last = codes.back();
+    codes.pop_back();
+    return codes.empty() ? last : fmt::format("{} or {}", fmt::join(codes, ", "), last);
+}
+
 void print_result(const Procedure &procedure) {
     const Knowledge &known = knowledge_of(procedure);
     if (procedure.result == Result::code || procedure.result == Result::none)
-        return print_labelled("answers", "done, unchanged, in progress or failure");
+        return print_labelled("answers", codes_of(procedure));
     std::string text = result_name(procedure);
     const std::string values = values_line(known.result);
     for (const std::string_view part : {std::string_view(known.result.meaning), std::string_view(values)})
@@ -160,6 +177,14 @@ void print_result(const Procedure &procedure) {
             print_labelled("", fmt::format("  {}{}{}: {}{}{}{}", field.name, *field.speaking ? ", " : "",
                                            field.speaking, field.meaning, *field.unit ? " [" : "", field.unit,
                                            *field.unit ? "]" : ""));
+}
+
+// Each line but the first behind two blanks.
+std::string indented(std::string_view lines) {
+    std::string text;
+    for (const char letter : lines)
+        text += letter == '\n' ? "\n  " : std::string(1, letter);
+    return text;
 }
 
 std::string when_it_acts(const Knowledge &known) {
@@ -194,7 +219,7 @@ std::string values_line(const ValueMeaning &value) {
     return *value.rule == '\0' ? line : fmt::format("{}{}{}", line, line.empty() ? "" : "; ", value.rule);
 }
 
-void print_procedures(const Output &output, const std::vector<const Procedure *> &procedures) {
+int print_procedures(const Output &output, const std::vector<const Procedure *> &procedures) {
     Json list = Json::array();
     std::vector<Row> rows;
     for (const Procedure *procedure : procedures) {
@@ -211,7 +236,8 @@ void print_procedures(const Output &output, const std::vector<const Procedure *>
     if (output.json)
         print_json({{"procedures", list}});
     else
-        print_table({"NUMBER", "NAME", "ARGUMENTS", "RESULT", "SUMMARY"}, rows);
+        return print_table(output, {{"NUMBER", "NAME", "ARGUMENTS", "RESULT", "SUMMARY"}, rows});
+    return 0;
 }
 
 void print_procedure(const Output &output, const Procedure &procedure) {
@@ -238,7 +264,8 @@ void print_procedure(const Output &output, const Procedure &procedure) {
     print_items("fails when", causes);
     print_texts("mind", known.oddities);
     print_texts("after", known.after);
+    print_labelled("resets", known.resets);
     print_labelled("TR-181", known.tr181);
     if (*known.call != '\0')
-        fmt::print("\n  $ wlanctl {}\n  {}\n", known.call, known.prints);
+        fmt::print("\n  $ wlanctl {}\n  {}\n", known.call, indented(known.prints));
 }

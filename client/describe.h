@@ -8,7 +8,7 @@
 #include <vector>
 
 // A line each: number, name, arguments, answer, summary.
-void print_procedures(const Output &output, const std::vector<const Procedure *> &procedures);
+int print_procedures(const Output &output, const std::vector<const Procedure *> &procedures);
 
 // All that the description says, on a screen each.
 void print_procedure(const Output &output, const Procedure &procedure);

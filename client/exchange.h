@@ -6,22 +6,32 @@
 #include <chrono>
 #include <functional>
 #include <netinet/in.h>
+#include <span>
+#include <string>
 
 using Clock = std::chrono::steady_clock;
 using Seconds = std::chrono::duration<double>;
 
-// One call of any program over UDP: the portmapper is asked by the same means as the daemon.
-struct Request {
-    const char *who; // for messages
+// Where calls of a program go to: the portmapper is asked by the same means as the daemon.
+struct Server {
+    std::string who; // for messages
     sockaddr_in address;
     rpcprog_t program;
     rpcvers_t version;
-    rpcproc_t procedure;
-    Seconds timeout, resend_after;
-    // Asked some times a second while there is no reply; false ends the call. None: wait for the time-out.
+    Seconds timeout; // of each call
+    // Asked some times a second while replies are waited for; false ends the calls. None: wait for the
+    // time-out.
     const std::function<bool()> &goes_on;
 };
 
-// The results are the caller's to free, also after an error. The RPC library's own call is not used: it keeps
-// every signal off until the time is over, and sends again whatever it does not take for the reply.
-Error exchange(const Request &request, Message arguments, Message result);
+struct Exchange {
+    rpcproc_t procedure;
+    Message arguments, result;
+    Seconds resend_after; // as long as the time-out or longer: it is sent once
+    Error error{};
+};
+
+// Makes the calls over UDP, some on the way at a time. The results are the caller's to free, also after an
+// error. The RPC library's own call is not used: it keeps every signal off until the time is over, and makes
+// one call after the other.
+void exchange(const Server &server, std::span<Exchange> calls);

@@ -42,6 +42,10 @@ struct Limits {
     std::int64_t least = 0, most = 0;
 };
 
+constexpr bool is_outside(const Limits &limits, std::int64_t value) {
+    return limits.known && (value < limits.least || value > limits.most);
+}
+
 // What the values of an argument or an answer mean.
 struct ValueMeaning {
     const char *meaning = "", *unit = "";
@@ -50,6 +54,7 @@ struct ValueMeaning {
     Limits length{};   // bytes of a text that make sense
     Limits takes{};    // ... that the daemon takes, where that is more
     const char *rule = "";
+    const char *pattern = ""; // a POSIX extended regular expression of texts that make sense
     std::span<const NamedValue> names{};
 };
 
@@ -69,6 +74,7 @@ struct Knowledge {
     std::span<const unsigned char> fails; // numbers of causes, most likely first
     ValueMeaning result;
     std::span<const Field> fields; // of the answer
+    const char *resets;            // what a user would miss after it
     const char *tr181, *since;
     const char *call, *prints; // an example
 };

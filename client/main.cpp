@@ -1,4 +1,4 @@
-#include "client/commands.h"
+#include "client/subcommands.h"
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
@@ -41,35 +41,26 @@ struct WithArguments : CLI::Formatter {
 };
 
 struct CommandLine {
-    Context context;
-    std::string name; // of a procedure or a setting, or a part of it
+    Context context{};
+    std::string first{}; // the word behind the subcommand, where it takes one
     CLI::App app{description, "wlanctl"};
 };
 
-void add_commands(CommandLine &line) {
-    const auto add = [&line](const char *command, const char *help, const char *argument,
-                             const char *meaning) {
-        CLI::App *const added = line.app.add_subcommand(command, help)->fallthrough();
-        return added->add_option(argument, line.name, meaning);
-    };
-    add("list", "List the procedures", "WORD", "a part of the name");
-    add("describe", "Show what a procedure takes and answers", "NAME", "with or without wlan_")->required();
-    add("call", "Call a procedure", "NAME", "with or without wlan_")->required();
-    add("get", "Read a setting: calls wlan_get_NAME", "NAME", "of the setting")->required();
-    add("set", "Change a setting: calls wlan_set_NAME", "NAME", "of the setting")->required();
-    add("up", "Load and initialise the driver and wait for it", "RADIOS", "dual (the default), 24 or 5");
-    add("restart", "Restart the interfaces of a radio", "INDEX", "of any of its interfaces, or all")
-        ->required();
-    add("scan", "Survey the radio of an interface and show its neighbours", "INDEX", "of the interface")
-        ->required();
-    add("stations", "Show the associated stations of a radio", "INDEX", "of any of its interfaces")
-        ->required();
-    add("stats", "Show the counters of an interface", "INDEX", "of the interface")->required();
-    line.app.add_subcommand("down", "Stop the driver")->fallthrough();
+void add(CommandLine &line, const Subcommand &subcommand) {
+    CLI::App *const added = line.app.add_subcommand(subcommand.name, subcommand.help)->fallthrough();
+    if (subcommand.takes != Takes::nothing)
+        added->add_option(subcommand.argument, line.first, subcommand.meaning)
+            ->required(subcommand.takes != Takes::one_at_most);
+    for (const Flag &flag : subcommand.flags)
+        added->add_flag(flag.name, line.context.options.*flag.says, flag.help);
+    std::string footer = fmt::format("Examples:\n  {}", subcommand.examples);
+    footer.replace(footer.rfind('\n'), 1, "\n  ");
+    added->footer(footer);
 }
 
 void set_up(CommandLine &line) {
-    auto &[connection, output] = line.context;
+    Connection &connection = line.context.connection;
+    Output &output = line.context.output;
     CLI::App &app = line.app;
     app.formatter(std::make_shared<WithArguments>());
     app.footer(examples);
@@ -80,10 +71,13 @@ void set_up(CommandLine &line) {
     app.add_option("--port", connection.port, "its UDP port (asked of the portmapper)")
         ->check(CLI::Range(1, 65535));
     app.add_option("--timeout", connection.timeout, "seconds to wait for a reply (5; up and down: 600)");
-    app.add_flag("--json", output.json, "print one JSON object, also for an error");
+    app.add_flag("--json", output.json, "print JSON, also for an error");
     app.add_flag("-r,--raw", output.raw, "print the bare value, also of a secret");
     app.add_flag("--show-secrets", output.show_secrets, "print keys, passphrases and PINs");
-    add_commands(line);
+    app.add_option("--columns", output.columns, "columns of a table, with commas between")->delimiter(',');
+    app.add_flag("!--no-header", output.header, "leave the heading of a table out");
+    for (const Subcommand &each : subcommands())
+        add(line, each);
 }
 
 bool looks_like_option(const std::string &word) {
@@ -103,30 +97,18 @@ Error check(const CommandLine &line, const std::vector<std::string> &words) {
     return {};
 }
 
-struct Action {
-    const char *name;
-    int (*run)(Context &context, const std::string &index);
-};
-constexpr Action actions_of_interface[] = {
-    {"restart", restart}, {"scan", scan}, {"stations", stations}, {"stats", stats}};
-
-int run(CommandLine &line, const std::vector<std::string> &given) {
-    const std::string command = line.app.get_subcommands().front()->get_name();
-    if (command == "call")
-        return call(line.context, "wlan_", line.name, given);
-    if (command == "get" || command == "set")
-        return call(line.context, fmt::format("wlan_{}_", command), line.name, given);
-    if (!given.empty())
+int run(CommandLine &line, const Words &given) {
+    const std::string name = line.app.get_subcommands().front()->get_name();
+    const auto all = subcommands();
+    const auto subcommand =
+        std::find_if(all.begin(), all.end(), [&](auto &each) { return each.name == name; });
+    if (subcommand->takes != Takes::several && !given.empty())
         return print_error(line.context.output,
                            {Trouble::usage, fmt::format("'{}' is too much", given.front())});
-    if (command == "up")
-        return up(line.context, line.name.empty() ? "dual" : line.name);
-    for (const auto &[name, action] : actions_of_interface)
-        if (command == name)
-            return action(line.context, line.name);
-    if (command == "down")
-        return down(line.context);
-    return command == "list" ? list(line.context, line.name) : describe(line.context, line.name);
+    Words words = given;
+    if (subcommand->takes == Takes::several || !line.first.empty())
+        words.insert(words.begin(), line.first);
+    return subcommand->run(line.context, words);
 }
 
 int parse_and_run(int argc, char **argv) {

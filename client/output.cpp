@@ -1,7 +1,8 @@
 #include "client/output.h"
 
 #include "client/fields.h"
-#include "client/terminal.h"
+#include "client/knowledge.h"
+#include "client/table.h"
 #include "client/text.h"
 
 #include <algorithm>
@@ -12,9 +13,9 @@ namespace {
 
 const char *status_name(int code) {
     switch (code) {
-    case 2:
+    case code_unchanged:
         return "unchanged";
-    case 3:
+    case code_in_progress:
         return "in progress";
     default:
         return "done";
@@ -78,8 +79,17 @@ void add_value(Json &object, const Output &output, const Procedure &procedure, c
     }
 }
 
-void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer) {
+void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
+                       const Subject &subject, const Acts &acts) {
     Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
+    if (subject.index != 0)
+        object["index"] = subject.index;
+    if (!subject.interface.empty())
+        object["interface"] = subject.interface;
+    if (!acts.when.empty())
+        object["acts"] = acts.when;
+    if (!acts.by.empty())
+        object["by"] = acts.by;
     if (has_value(procedure))
         add_value(object, output, procedure, answer);
     print_json(object);
@@ -100,19 +110,20 @@ std::string upper_case(std::string_view text) {
     return upper;
 }
 
-void print_record_table(std::span<const Field> fields, const Field &records, std::string_view whole) {
-    Row heading;
+int print_record_table(const Output &output, std::span<const Field> fields, const Field &records,
+                       std::string_view whole) {
+    Table table;
     for (const Field &field : records.fields)
         if (field.shown == Shown::everywhere)
-            heading.push_back(upper_case(title_of(field)) +
-                              (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
-    std::vector<Row> rows(places_of(fields, records, whole));
-    for (std::size_t i = 0; i < rows.size(); ++i)
+            table.heading.push_back(upper_case(title_of(field)) +
+                                    (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+    table.rows.resize(places_of(fields, records, whole));
+    for (std::size_t i = 0; i < table.rows.size(); ++i)
         for (const Field &field : records.fields)
             if (field.shown == Shown::everywhere)
-                rows[i].push_back(
+                table.rows[i].push_back(
                     shown_on(stdout, value_in(field, place_of(field, 0, place_of(records, i, whole)))));
-    print_table(heading, rows);
+    return print_table(output, table);
 }
 
 void print_line(const Output &output, std::string_view name, const std::string &value) {
@@ -120,13 +131,14 @@ void print_line(const Output &output, std::string_view name, const std::string &
     std::fwrite(line.data(), 1, line.size(), stdout); // a failure shows when it is flushed
 }
 
-void print_fields(const Output &output, std::span<const Field> fields, std::string_view whole) {
+int print_fields(const Output &output, std::span<const Field> fields, std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
+    int status = 0;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
         if (field.shown == Shown::only_in_json)
             continue;
         if (!field.fields.empty()) {
-            print_record_table(fields, field, whole);
+            status = std::max(status, print_record_table(output, fields, field, whole));
             continue;
         }
         Row values;
@@ -136,9 +148,10 @@ void print_fields(const Output &output, std::span<const Field> fields, std::stri
         print_line(output, field.name,
                    fmt::format("{}{}{}", fmt::join(values, " "), unit ? " " : "", unit ? field.unit : ""));
     }
+    return status;
 }
 
-void print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
+int print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
     if (const auto fields = knowledge_of(procedure).fields; !fields.empty())
         return print_fields(output, fields, image_of(answer));
     std::string value =
@@ -148,6 +161,16 @@ void print_value(const Output &output, const Procedure &procedure, const Answer 
     else if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
     print_line(output, setting_name(procedure.name), value);
+    return 0;
+}
+
+void print_code(const Answer &answer, const Acts &acts) {
+    if (acts.when.empty())
+        fmt::print("{}\n", status_name(answer.code));
+    else if (acts.by.empty())
+        fmt::print("in force{}\n", acts.when == "at once" ? "" : fmt::format(" {}", acts.when));
+    else
+        fmt::print("stored; acts {} ({})\n", acts.when, acts.by);
 }
 
 const char *name_of(Trouble trouble) {
@@ -159,34 +182,62 @@ const char *name_of(Trouble trouble) {
 
 } // namespace
 
-int print_answer(const Output &output, const Procedure &procedure, const Answer &answer) {
+int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
+                 const Subject &subject, const Acts &acts) {
+    if (!output.json && has_value(procedure))
+        return print_value(output, procedure, answer);
     if (output.json)
-        print_answer_json(output, procedure, answer);
-    else if (has_value(procedure))
-        print_value(output, procedure, answer);
+        print_answer_json(output, procedure, answer, subject, acts);
     else
-        fmt::print("{}\n", status_name(answer.code));
+        print_code(answer, acts);
     return 0;
 }
 
 int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers) {
     Json value = Json::object();
+    int status = 0;
     for (const auto &[procedure, answer] : answers)
         if (output.json)
             add_fields(value, knowledge_of(*procedure).fields, image_of(answer));
         else
-            print_value(output, *procedure, answer);
+            status = std::max(status, print_value(output, *procedure, answer));
     if (output.json)
         print_json({{"status", status_name(0)}, {"code", 0}, {"value", value}});
-    return 0;
+    return status;
 }
 
-int print_error(const Output &output, const Error &error) {
-    const int status = static_cast<int>(error.trouble);
-    if (output.json) {
-        print_json({{"error", {{"kind", name_of(error.trouble)}, {"message", error.message}}}});
-    } else {
-        fmt::print(stderr, "wlanctl: {}\n", shown_on(stderr, error.message));
+void print_call(const Output &output, const Procedure &procedure, const Values &arguments) {
+    Json given = Json::object();
+    std::string line{procedure.name};
+    for (std::size_t i = 0; i < arguments.list.size(); ++i) {
+        const auto &[name, kind, is_secret] = procedure.arguments.fields.at(i);
+        const Value &value = arguments.list[i];
+        const bool masked = is_secret && !output.show_secrets;
+        given[name] = masked ? Json(nullptr) : kind == Kind::text ? Json(value.text) : Json(value.number);
+        line += fmt::format(" {}={}", name,
+                            masked               ? "(hidden)"
+                            : kind == Kind::text ? fmt::format("'{}'", shown_on(stdout, value.text))
+                                                 : fmt::format("{}", value.number));
     }
-    return status;
+    if (output.json)
+        print_json({{"procedure", procedure.name}, {"status", "not sent"}, {"arguments", given}});
+    else
+        fmt::print("{}\n", line);
+}
+
+int print_error(const Output &output, const Error &error, const Procedure *procedure) {
+    if (output.json)
+        print_error_json(error.trouble, error.message, procedure, nullptr, Json::array());
+    else
+        fmt::print(stderr, "wlanctl: {}\n", shown_on(stderr, error.message));
+    return static_cast<int>(error.trouble);
+}
+
+void print_error_json(Trouble trouble, const std::string &message, const Procedure *procedure,
+                      const int *code, const Json &causes) {
+    Json error{{"kind", name_of(trouble)}, {"message", message}};
+    error["procedure"] = procedure == nullptr ? Json(nullptr) : Json(procedure->name);
+    error["code"] = code == nullptr ? Json(nullptr) : Json(*code);
+    error["causes"] = causes;
+    print_json({{"error", error}});
 }

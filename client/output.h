@@ -2,8 +2,10 @@
 
 #include "client/connection.h"
 #include "client/error.h"
+#include "client/terminal.h"
 #include "rpc/protocol.h"
 
+#include <string>
 #include <utility>
 #include <vector>
 
@@ -11,11 +13,31 @@
 struct Output {
     bool json = false;
     bool raw = false;
-    bool show_secrets = false; // else only --raw shows them
+    bool show_secrets = false;          // else only --raw shows them
+    bool header = true;                 // of tables
+    std::vector<std::string> columns{}; // of tables, chosen by name; none: all
+};
+
+// When a change acts, and the command that makes it: "at the next restart", "wlanctl restart zv00".
+struct Acts {
+    std::string when{}, by{};
+    Error failed{}; // to make it act, though that was wanted
+};
+
+// The interface that a call was about; 0: none.
+struct Subject {
+    std::int64_t index = 0;
+    std::string interface {};
 };
 
 // All return the exit status. The answer is no failure.
-int print_answer(const Output &output, const Procedure &procedure, const Answer &answer);
+int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
+                 const Subject &subject = {}, const Acts &acts = {});
 // Records that belong together, as one; none of the answers is a failure.
 int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers);
-int print_error(const Output &output, const Error &error);
+// The call that would be made.
+void print_call(const Output &output, const Procedure &procedure, const Values &arguments);
+// What is known of the procedure and the code stands in JSON; `causes` is an array of it.
+int print_error(const Output &output, const Error &error, const Procedure *procedure = nullptr);
+void print_error_json(Trouble trouble, const std::string &message, const Procedure *procedure,
+                      const int *code, const Json &causes);

@@ -6,23 +6,8 @@
 #include <cstring>
 #include <fmt/format.h>
 #include <langinfo.h>
-#include <libsmartcols.h>
-#include <memory>
 #include <sys/ioctl.h>
 #include <unistd.h>
-
-namespace {
-
-void print_tabbed(const std::vector<Row> &rows) {
-    for (const Row &row : rows)
-        fmt::print("{}\n", fmt::join(row, "\t"));
-}
-
-struct ReleaseTable {
-    void operator()(libscols_table *table) const { scols_unref_table(table); }
-};
-
-} // namespace
 
 bool is_terminal(std::FILE *stream) { return isatty(fileno(stream)) == 1; }
 
@@ -41,22 +26,6 @@ std::string emphasis(std::string_view text) {
 // It escapes the control characters of ASCII only, so a terminal gets ASCII only.
 void print_json(const Json &object) {
     fmt::print("{}\n", object.dump(-1, ' ', is_terminal(stdout), Json::error_handler_t::replace));
-}
-
-void print_table(const Row &heading, const std::vector<Row> &rows) {
-    const std::unique_ptr<libscols_table, ReleaseTable> table{is_terminal(stdout) ? scols_new_table()
-                                                                                  : nullptr};
-    if (table == nullptr)
-        return print_tabbed(rows);
-    scols_table_enable_noencoding(table.get(), 1); // the texts are escaped already
-    for (const std::string &column : heading)
-        scols_table_new_column(table.get(), column.c_str(), 0, 0);
-    for (const Row &row : rows) {
-        libscols_line *line = scols_table_new_line(table.get(), nullptr);
-        for (std::size_t i = 0; line != nullptr && i < row.size(); ++i)
-            scols_line_set_data(line, i, row[i].c_str());
-    }
-    scols_print_table(table.get());
 }
 
 std::size_t width_of_terminal() {

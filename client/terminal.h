@@ -21,9 +21,6 @@ std::string emphasis(std::string_view text);
 
 void print_json(const Json &object);
 
-// A table on a terminal; elsewhere its lines with tabs, without the heading.
-void print_table(const Row &heading, const std::vector<Row> &rows);
-
 std::size_t width_of_terminal();
 
 // The text in lines as wide as the terminal, each but the first behind the indent.

@@ -35,6 +35,7 @@ class Value:
     length: tuple = ()
     takes: tuple = ()
     rule: str = ""
+    pattern: str = ""
 
 
 @dataclass
@@ -116,6 +117,7 @@ class Procedure:
     oddities: list
     after: list
     example: dict
+    resets: str
     tr181: str
     since: str
 
@@ -176,6 +178,10 @@ class _Builder:
             keys[key] = tuple(keys.get(key, ()))
             if keys[key] and (len(keys[key]) != 2 or keys[key][0] > keys[key][1]):
                 self.fault(table, key, f"{key} is [least, most]")
+        try:
+            re.compile(keys.get("pattern", ""))
+        except re.error as error:
+            self.fault(table, "pattern", f"pattern: {error}")
         keys["names"] = {str(code): text for code, text in keys.get("names", {}).items()}
         return Value(table.name, **keys)
 
@@ -276,7 +282,7 @@ class _Builder:
             self.result(table, keys["result"]), keys["summary"], keys["scope"], keys["effect"],
             keys["repeat"] == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
             keys.get("scripts", []), [self.causes[name] for name in keys["fails"] if name in self.causes],
-            keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("tr181", ""),
+            keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("resets", ""), keys.get("tr181", ""),
             keys.get("since", "1.0"))
 
     def build_procedures(self, program):

@@ -8,7 +8,7 @@ KINDS = {
     "program": {"name": str, "number": int, "version_name": str, "version": int, "last_procedure": int,
                 "unassigned": list, "longest_return_data": int},
     "value": {"meaning": str, "unit": (str,), "range": (PAIR,), "sensible": (PAIR,), "names": (dict,),
-              "length": (PAIR,), "takes": (PAIR,), "rule": (str,)},
+              "length": (PAIR,), "takes": (PAIR,), "rule": (str,), "pattern": (str,)},
     "cause": {"text": str, "remedy": (str,), "ask": (str,)},
     "argument": {"type": str, "is": (str,), "meaning": (str,)},
     "argument of a procedure": {"name": str, "type": str, "is": (str,), "meaning": (str,), "secret": (bool,)},
@@ -21,7 +21,7 @@ KINDS = {
     "procedure": {"number": int, "name": str, "arguments": list, "argument_record": (str,), "result": (str, dict),
                   "summary": str, "scope": str, "effect": str, "repeat": str, "seconds": (int,), "keys": (TEXTS,),
                   "driver": (TEXTS,), "scripts": (TEXTS,), "fails": TEXTS, "oddities": (TEXTS,), "after": (TEXTS,),
-                  "example": dict, "tr181": (str,), "since": (str,)},
+                  "example": dict, "resets": (str,), "tr181": (str,), "since": (str,)},
     "example": {"call": str, "prints": str, "running": (bool,), "status": (int,)},
 }
 

@@ -57,7 +57,7 @@ def _value(value):
     names = f"names_{name}" if value.names else "{}"
     return named + (
         f"constexpr ValueMeaning {name}{{{quoted(value.meaning)}, {quoted(value.unit)}, {_pair(value.range)}, "
-        f"{_pair(value.sensible)}, {_pair(value.length)}, {_pair(value.takes)}, {quoted(value.rule)}, {names}}};\n")
+        f"{_pair(value.sensible)}, {_pair(value.length)}, {_pair(value.takes)}, {quoted(value.rule)}, {quoted(value.pattern)}, {names}}};\n")
 
 
 def _meaning(value):
@@ -91,7 +91,7 @@ def _procedure(each, numbers):
     example = each.example
     return arrays, (
         f"    {{{quoted(each.area)}, {quoted(each.summary)}, {quoted(each.scope)}, {quoted(each.effect)}, {each.seconds}, "
-        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.tr181)}, {quoted(each.since)}, "
+        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.resets)}, {quoted(each.tr181)}, {quoted(each.since)}, "
         f"{quoted(example.get('call', ''))}, {quoted(example.get('prints', ''))}}}, // {each.number} {each.name}\n")
 
 

@@ -1,0 +1,156 @@
+#include "client/lookup.h"
+
+#include "client/checks.h"
+#include "client/knowledge.h"
+#include "client/values.h"
+
+#include <algorithm>
+#include <cctype>
+#include <fmt/format.h>
+#include <net/if.h>
+#include <numeric>
+
+namespace {
+
+constexpr std::size_t most_suggestions = 5;
+
+// How many letters to insert, remove or replace to make one word the other.
+std::size_t distance(std::string_view from, std::string_view to) {
+    std::vector<std::size_t> row(to.size() + 1);
+    std::iota(row.begin(), row.end(), std::size_t{0});
+    for (const char letter : from) {
+        std::size_t diagonal = row[0]++;
+        for (std::size_t j = 0; j < to.size(); ++j) {
+            const std::size_t replaced = diagonal + (letter == to[j] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({replaced, row[j] + 1, diagonal + 1});
+        }
+    }
+    return row[to.size()];
+}
+
+bool looks_like_interface(std::string_view given) {
+    return !given.empty() && given.size() < IF_NAMESIZE &&
+           std::isalpha(static_cast<unsigned char>(given[0])) != 0;
+}
+
+// The index of an interface, which the daemon is asked about.
+Error find_index(Context &context, const std::string &given, Value &ret_value) {
+    Gateway &gateway = context.gateway;
+    if (looks_like_interface(given)) {
+        if (Error error = find_names(context.connection, gateway))
+            return error;
+        ret_value = {Kind::integer, index_of(gateway, given)};
+        if (ret_value.number == 0)
+            return {Trouble::usage,
+                    fmt::format("argument 'index': no interface '{}' among {}", given, *gateway.entries)};
+        return {};
+    }
+    if (context.options.force)
+        return {};
+    if (Error error = find_entries(context.connection, gateway))
+        return error;
+    if (ret_value.number < 1 || ret_value.number > *gateway.entries)
+        return {Trouble::usage,
+                fmt::format("argument 'index': {} is not 1 to {}, the gateway's interfaces; --force "
+                            "sends it all the same",
+                            ret_value.number, *gateway.entries)};
+    return {};
+}
+
+Error check_count(const Procedure &procedure, std::size_t given) {
+    if (given == procedure.arguments.count)
+        return {};
+    std::string message = fmt::format("{} takes {} argument{}", procedure.name, procedure.arguments.count,
+                                      procedure.arguments.count == 1 ? "" : "s");
+    for (const Argument &each : procedure.arguments)
+        message += fmt::format(" {}:{}", each.name, kind_name(each.kind));
+    return {Trouble::usage, fmt::format("{}, not {}", message, given)};
+}
+
+// All but what the daemon has to be asked for.
+Error parse_values(const Procedure &procedure, const Words &given, bool force, Values &ret_arguments) {
+    unsigned from_standard_input = 0;
+    for (std::size_t i = 0; i < given.size(); ++i) {
+        const Argument &argument = procedure.arguments.fields[i];
+        const bool piped = given[i] == "-" && argument.kind == Kind::text;
+        if (piped && ++from_standard_input > 1)
+            return {Trouble::usage, fmt::format("argument '{}': standard input is taken", argument.name)};
+        if (is_interface_index(argument) && looks_like_interface(given[i]))
+            continue;
+        if (Error error = parse_value(argument, given[i], ret_arguments.list[i]))
+            return error;
+        if (piped && ret_arguments.list[i].text.empty() && !force)
+            return {Trouble::usage,
+                    fmt::format("argument '{}': standard input is empty; --force sends it all the same",
+                                argument.name)};
+    }
+    return force ? Error{} : check_arguments(procedure, ret_arguments);
+}
+
+} // namespace
+
+Error unknown(std::string_view prefix, std::string_view name) {
+    std::vector<std::pair<std::size_t, std::string_view>> near;
+    for (const Procedure &each : protocol) {
+        if (name.empty() || name.size() > 64 || !each.name.starts_with(prefix))
+            continue;
+        const std::string_view known = each.name.substr(prefix.size());
+        const std::size_t changes = distance(name, known);
+        if (changes <= 2 || known.find(name) != std::string_view::npos)
+            near.emplace_back(changes, known);
+    }
+    std::stable_sort(near.begin(), near.end(), [](auto &a, auto &b) { return a.first < b.first; });
+    near.resize(std::min(near.size(), most_suggestions));
+    std::string message = fmt::format("no procedure '{}{}'", prefix, name);
+    for (std::size_t i = 0; i < near.size(); ++i)
+        message += fmt::format("{}{}", i == 0 ? "; did you mean " : ", ", near[i].second);
+    return {Trouble::usage, message + (near.empty() ? " (see wlanctl list)" : "?")};
+}
+
+Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure) {
+    const bool whole = name.starts_with(prefix);
+    ret_procedure = find_procedure(whole ? name : prefix + name);
+    if (ret_procedure == nullptr)
+        return unknown(prefix, std::string_view{name}.substr(whole ? prefix.size() : 0));
+    return {};
+}
+
+Error take_arguments(Context &context, const Procedure &procedure, const Words &given,
+                     Values &ret_arguments) {
+    if (Error error = check_count(procedure, given.size()))
+        return error;
+    ret_arguments.list.resize(given.size());
+    if (Error error = parse_values(procedure, given, context.options.force, ret_arguments))
+        return error;
+    for (std::size_t i = 0; i < given.size(); ++i)
+        if (is_interface_index(procedure.arguments.fields[i]))
+            if (Error error = find_index(context, given[i], ret_arguments.list[i]))
+                return error;
+    return {};
+}
+
+Error ask(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer) {
+    Error error = call(connection, procedure, arguments, ret_answer);
+    if (!error)
+        return error;
+    error.message = fmt::format("{}: {}", procedure.name, error.message);
+    if (error.trouble == Trouble::timeout && procedure.runs_again)
+        error.message += fmt::format("; whether it was done is not known: look before you call it again "
+                                     "(wlanctl describe {})",
+                                     procedure.name);
+    return error;
+}
+
+Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments) {
+    const auto index =
+        std::find_if(procedure.arguments.begin(), procedure.arguments.end(), is_interface_index);
+    if (index == procedure.arguments.end())
+        return {};
+    const std::int64_t number =
+        arguments.list.at(static_cast<std::size_t>(index - procedure.arguments.begin())).number;
+    const bool of_use = context.output.json || procedure.name.starts_with("wlan_set_");
+    if (of_use && find_names(context.connection, context.gateway))
+        return {number};
+    return {number, name_of(context.gateway, number)};
+}

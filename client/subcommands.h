@@ -1,0 +1,25 @@
+#pragma once
+
+#include "client/commands.h"
+
+#include <span>
+
+// The subcommands of wlanctl: what the parser, the help and the completion read.
+
+struct Flag {
+    const char *name, *help;
+    bool Options::*says;
+};
+
+enum class Takes : unsigned char { nothing, one_at_most, one, several };
+
+struct Subcommand {
+    const char *name, *help;
+    Takes takes;
+    const char *argument, *meaning; // of the first word
+    std::span<const Flag> flags;
+    const char *examples; // two lines
+    int (*run)(Context &context, const Words &words);
+};
+
+std::span<const Subcommand> subcommands();

@@ -26,11 +26,15 @@ volatile std::sig_atomic_t interrupted = 0;
 
 extern "C" void interrupt(int) { interrupted = 1; }
 
+constexpr int low_band = 1, high_band = 2;
+
 struct Radios {
     const char *name;
-    int flags;
+    int flags; // as wlan_load takes them
+    int bands;
 };
-constexpr std::array radios{Radios{"dual", 245}, Radios{"24", 24}, Radios{"5", 5}};
+constexpr std::array radios{Radios{"dual", 245, low_band | high_band}, Radios{"24", 24, low_band},
+                            Radios{"5", 5, high_band}};
 
 // While it lives, calls by its connection show on a terminal what is done and for how long already, and
 // Ctrl-C ends them instead of the program. (A signal that whoever started the program ignores stays ignored.)
@@ -110,28 +114,32 @@ int print_end(const Output &output, Error error, const char *action) {
     return print_error(output, error);
 }
 
-// The bands of the radios that are initialised, as people say it; empty: none.
-std::string running_bands(Context &context, int &ret_flags) {
+// The bands whose radios are initialised; 0: none.
+Error find_running(Context &context, int &ret_bands) {
     Answer status;
     const Values first{{{Kind::integer, 1}}};
-    if (ask(context.connection, *find_procedure("wlan_get_status"), first, status) || status.text.empty() ||
-        find_names(context.connection, context.gateway))
-        return {};
-    const std::vector<std::string> &names = *context.gateway.names;
-    const auto has = [&](const char *prefix) {
-        return std::any_of(names.begin(), names.end(), [&](auto &name) { return name.starts_with(prefix); });
-    };
-    const bool low = has("zvi"), high = has("zv0");
-    ret_flags = low && high ? 245 : low ? 24 : 5;
-    return low && high ? "2.4 GHz and 5 GHz are" : low ? "2.4 GHz is" : "5 GHz is";
+    if (Error error = ask_visibly(context.connection, *find_procedure("wlan_get_status"), first, "asking",
+                                  long_patience, status))
+        return error;
+    if (Error error = find_names(context.connection, context.gateway))
+        return error;
+    ret_bands = 0;
+    for (const std::string &name : *context.gateway.names)
+        if (!status.text.empty())
+            ret_bands |= name.starts_with("zvi") ? low_band : high_band;
+    return {};
 }
 
 // Whether the driver is to be brought up for other radios than those that it runs.
-Error check_running(Context &context, int wanted) {
+Error check_running(Context &context, const Radios &wanted) {
     int running = 0;
-    const std::string bands = running_bands(context, running);
-    if (bands.empty() || running == wanted)
+    if (Error error = find_running(context, running))
+        return error;
+    if (running == 0 || running == wanted.bands)
         return {};
+    const char *const bands = running == low_band    ? "2.4 GHz is"
+                              : running == high_band ? "5 GHz is"
+                                                     : "2.4 GHz and 5 GHz are";
     return {Trouble::failed, fmt::format("{} up; wlanctl down first", bands)};
 }
 
@@ -174,8 +182,8 @@ int up(Context &context, const Words &words) {
     Answer answer;
     if (Error error = find_daemon(connection))
         return print_error(output, error);
-    if (Error error = check_running(context, chosen->flags))
-        return print_error(output, error);
+    if (Error error = check_running(context, *chosen))
+        return print_end(output, error, "driver was not touched");
     if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
         return print_end(output, error, "load goes on, and no initialisation follows it");
     if (answer.code < 0)

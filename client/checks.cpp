@@ -41,7 +41,8 @@ std::string sensible(const ValueMeaning &meaning, Kind kind) {
                                                     : meaning.range;
     if (kind == Kind::text && *meaning.pattern != '\0')
         return meaning.rule;
-    return fmt::format("{} to {} {}", limits.least, limits.most, kind == Kind::text ? "bytes" : meaning.unit);
+    const std::string_view unit = kind == Kind::text ? "bytes" : meaning.unit;
+    return fmt::format("{} to {}{}{}", limits.least, limits.most, unit.empty() ? "" : " ", unit);
 }
 
 } // namespace

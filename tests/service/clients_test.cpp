@@ -30,7 +30,7 @@ void compare(const Procedure &row, const std::string &words, const nlohmann::ord
     int code = -100;
     stream >> word >> code;
     const std::string rest{std::istreambuf_iterator<char>(stream), {}};
-    EXPECT_EQ(answer.at("code"), code);
+    EXPECT_EQ((code < 0 ? answer.at("error") : answer).at("code"), code);
     EXPECT_EQ(answer.contains("value"),
               code >= 0 && row.result != Result::code && row.result != Result::none);
     if (!answer.contains("value"))
@@ -58,7 +58,7 @@ std::string ask_generated_client(const Gateway &gateway, const GoldenCall &call)
 
 nlohmann::ordered_json ask_wlanctl(const Gateway &gateway, const GoldenCall &call) {
     const Outcome ran = run("wlanctl", join({"--json", "--port", std::to_string(gateway.port()),
-                                             "--show-secrets", "call", call.name, "--"},
+                                             "--show-secrets", "call", call.name, "--force", "--"},
                                             call.words));
     return nlohmann::ordered_json::parse(ran.out);
 }
@@ -125,9 +125,11 @@ int how_it_ended(Process &process) {
 }
 
 std::string json(const std::string &procedure, const std::string &status, const std::string &answer) {
-    const bool explained = answer.starts_with('-'); // the causes follow
-    return R"({"procedure":")" + procedure + R"(","status":")" + status + R"(","code":)" + answer +
-           (explained ? R"(,"causes":[{)" : "}\n");
+    if (answer.starts_with('-')) // the causes follow
+        return R"({"error":{"kind":")" + status + R"(","message":")" + procedure +
+               ": the daemon answered failure (" + answer + R"x()","procedure":")x" + procedure +
+               R"(","code":)" + answer + R"(,"causes":[{)";
+    return R"({"procedure":")" + procedure + R"(","status":")" + status + R"(","code":)" + answer + "}\n";
 }
 
 TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
@@ -138,16 +140,24 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
     play({
         {{"get", "ssid", "2"}, 0, "ssid: Gateway-2.4G-2\n", ""},
         {{"-r", "get", "ssid", "zvi01"}, 0, "Gateway-2.4G-2\n", ""},
-        {{"set", "ssid", "zv00", "My Net"}, 0, "done\n", ""},
+        {{"set", "ssid", "zv00", "My Net"},
+         0,
+         "stored; acts at the next restart (wlanctl restart zv00)\n",
+         ""},
         {{"set", "ssid", "9", "My Net"}, 0, "unchanged\n", ""},
-        {{"set", "ssid", "9", "@/tmp/name"}, 0, "done\n", ""},
+        {{"--json", "set", "ssid", "9", "@/tmp/name"},
+         0,
+         R"({"procedure":"wlan_set_ssid","status":"done","code":0,"index":9,"interface":"zv00",)"
+         R"("acts":"at the next restart","by":"wlanctl restart zv00"})"
+         "\n",
+         ""},
         {{"get", "ssid", "9", "--json"},
          0,
-         R"({"procedure":"wlan_get_ssid","status":"done","code":0,"value":"from a file"})"
+         R"({"procedure":"wlan_get_ssid","status":"done","code":0,"index":9,"interface":"zv00","value":"from a file"})"
          "\n",
          ""},
         {{"get", "ssid", "3"}, 0, "ssid: \\x1b[31m\\xff\\xc2\\x9b\n", ""},
-        {{"call", "wlan_get_ssid", "-1"}, 1, "", "-1"},
+        {{"call", "wlan_get_ssid", "--force", "-1"}, 1, "", "-1"},
         {{"set", "wps_model_name", "1", "x"}, 1, "", "wlan_set_wps_model_name"},
         {{"get", "ssid"}, 2, "", "index"},
         {{"get", "ssid", "2147483648"}, 2, "", "index"},
@@ -171,11 +181,12 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
         {{"up"}, 0, "done\n", ""},
         {{"scan", "zvi07"},
          0,
+         "BSSID\tSSID\tCHANNEL\tBYTE4\tNETWORK TYPE\tCHAR1\tSECURITY\tSTANDARDS\tTEXT4\tSIGNAL (dBm)\tBYTE5\n"
          "00:00:5E:00:53:C1\tCafe\t1\t1\tESS\t1\tWPA2\t11bgn\tNONE\t-40\t90\n"
          "00:00:5E:00:53:C2\tNeighbour upstairs\t6\t6\tESS\t1\tWPA2\t11bgn\tNONE\t-63\t90\n"
          "00:00:5E:00:53:C3\t\t11\t11\tESS\t1\tWPA2\t11bgn\tNONE\t-80\t90\n",
          ""},
-        {{"scan", "99"}, 1, "", "wlan_ap_scan"},
+        {{"scan", "99", "--force"}, 1, "", "wlan_ap_scan"},
         {{"scan"}, 2, "", "INDEX"},
         {{"scan", "zvi99"}, 2, "", "zvi99"},
     });
@@ -186,12 +197,13 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     EXPECT_EQ(hostile.out.find('\x1b'), std::string::npos);
     gateway.fault("survey.zv00.fail", "5");
     gateway.fault("survey.zvi00.delay", "1500");
-    play({{{"scan", "9"}, 1, "", "the scan failed"},
-          {{"--json", "scan", "9"},
-           1,
-           R"({"error":{"kind":"failed","message":"the scan failed"}})"
-           "\n",
-           ""}});
+    play(
+        {{{"scan", "9"}, 1, "", "the scan failed"},
+         {{"--json", "scan", "9"},
+          1,
+          R"({"error":{"kind":"failed","message":"the scan failed","procedure":null,"code":null,"causes":[]}})"
+          "\n",
+          ""}});
     Process waiting({BINARY_DIR "/bin/wlanctl", "scan", "1"}, {}, "/tmp/wait.out", "/tmp/wait.err");
     std::this_thread::sleep_for(std::chrono::milliseconds(600));
     play({{{"scan", "2"}, 1, "", "scanned already"}});
@@ -210,7 +222,7 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
         {{"--json", "stations", "9"}, 1, json("wlan_get_assoc_devices_table", "failed", "-1"), ""},
         no_basic_stats,
         {{"up"}, 0, "done\n", ""},
-        {{"stations", "zvi01"}, // of the whole radio
+        {{"--no-header", "stations", "zvi01"}, // of the whole radio
          0,
          "00:00:5E:00:53:A1\t\t00-50-f2;00-10-18\t0000000000000011\t3\t-50\t0\tstation-1\n"
          "00:00:5E:00:53:A2\t\t\t0000000000000011\t3\t-61\t1\tstation-2\n"
@@ -231,7 +243,7 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
          0,
          "120002\n110002\n1202\n1102\n1\n5005\n5006\n5001\n5002\n5007\n5008\n5009\n5010\n5011\n5012\n5013\n",
          ""},
-        {{"stats", "17"}, 1, "", "wlan_get_basic_stats: the daemon answered"},
+        {{"stats", "17"}, 2, "", "17 is not 1 to 16"},
         {{"call", "get_assoc_device", "1", "2"}, 1, "", "wlan_get_assoc_device: the daemon answered"},
         {{"stations"}, 2, "", "INDEX"},
         {{"stats", "zvi99"}, 2, "", "zvi99"},
@@ -245,7 +257,8 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
     EXPECT_EQ(second.at("mac_address"), "00:00:5E:00:53:A3");
     EXPECT_EQ(second.at("rssi"), -69);
     write_file(gateway.path("24g/stations"), "");
-    play({{{"stations", "1"}, 0, "", ""}});
+    play({{{"stations", "1", "--columns", "rssi,MAC"}, 0, "RSSI (dBm)\tMAC\n", ""},
+          {{"stations", "1", "--columns", "mac,ip,speed"}, 2, "", "no column 'speed'; there are mac, ip, "}});
     gateway.fault("show.zvi00.pkt_counters.fail", "5");
     play({{{"stats", "1"}, 1, "", "wlan_get_stats: the daemon answered"},
           {{"--json", "stats", "1"}, 1, json("wlan_get_stats", "failed", "-1"), ""}});
@@ -288,9 +301,9 @@ TEST(Wlanctl, TakesAWholeReplyToItsOwnCall) {
     };
     for (const auto &[body, row] : rows) {
         const std::jthread daemon(answer_once, server, body);
-        play({{join(port, row.words), row.status, row.out, row.err}});
+        play({{join(port, join(row.words, {"--force"})), row.status, row.out, row.err}});
     }
-    play({{join(port, {"get", "ssid", "1"}), 3, "", "no reply from the daemon in time (2 s)"}});
+    play({{join(port, {"get", "ssid", "1", "--force"}), 3, "", "no reply from the daemon in time (2 s)"}});
     close(server);
 }
 
@@ -306,7 +319,10 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
     Gateway gateway;
     const Row down{{"down"}, 0, "done\n", ""};
     play({
-        {{"--json", "restart", "zv01"}, 0, json("wlan_restart", "done", "0"), ""},
+        {{"--json", "restart", "zv01"},
+         0,
+         json("wlan_restart", "done", R"(0,"index":10,"interface":"zv01")"),
+         ""},
         {{"restart", "zv99"}, 2, "", "zv99"},
         {{"restart"}, 2, "", "INDEX"},
         {{"up", "2.4"}, 2, "", "'2.4' is not dual, 24 or 5"},
@@ -318,6 +334,8 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
         {{"up"}, 0, "done\n", ""},
         {{"up", "dual"}, 0, "done\n", ""}, // it is up already
         {{"--json", "up"}, 0, json("wlan_init", "done", "0"), ""},
+        {{"up", "5"}, 1, "", "2.4 GHz and 5 GHz are up; wlanctl down first"},
+        {{"restart", "77"}, 2, "", "77 is not 1 to 16"},
         {{"restart", "all"}, 0, "done\n", ""},
     });
     const char *const lines[] = {"load 24g\n",
@@ -345,7 +363,7 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
           {{"up"}, 1, "", "wlan_load: the daemon answered failure"},
           {{"--json", "up"}, 1, json("wlan_load", "failed", "-1"), ""}});
     std::filesystem::remove(script_fault + "load.fail");
-    play({{{"up"}, 1, "", "wlan_init: the daemon answered failure"},
+    play({{{"up"}, 1, "", "wlanctl down, then wlanctl up"},
           {{"--json", "up"}, 1, json("wlan_init", "failed", "-1"), ""}});
 }
 
@@ -394,26 +412,36 @@ TEST(Wlanctl, WaitsForSlowScripts) {
     play({{{"down"}, 0, "done\n", ""}});
 }
 
+// Whether the process sleeps, with a handler of Ctrl-C of its own where it is to have one.
+bool waits(pid_t process, bool with_handler) {
+    const std::string status = read_file("/proc/" + std::to_string(process) + "/status");
+    const std::size_t caught = status.find("SigCgt:");
+    return caught != status.npos && status.find("State:\tS") != status.npos &&
+           (std::stoull(status.substr(caught + 7), nullptr, 16) >> (SIGINT - 1) & 1) ==
+               (with_handler ? 1U : 0U);
+}
+
 TEST(Wlanctl, EndsAtCtrlCThoughTheDaemonIsSilent) {
     Gateway gateway;
     kill(gateway.daemon().id(), SIGSTOP);
     play({{{"--timeout", "0.2", "down"}, 3, "", "wlan_reset: no reply from the daemon in time (0.2 s)"}});
-    const std::string load = "no longer waiting; the load goes on, and no initialisation follows it";
+    const std::string load = "no longer waiting; the driver was not touched";
     const std::string stop = "no longer waiting; the stop goes on",
                       scan = "no longer waiting; the scan goes on";
     const auto object = [](const std::string &message) {
-        return R"({"error":{"kind":"interrupted","message":")" + message + "\"}}\n";
+        return R"({"error":{"kind":"interrupted","message":")" + message +
+               R"(","procedure":null,"code":null,"causes":[]}})" + "\n";
     };
     const Row rows[] = {
         {{"get", "ssid", "1"}, 128 + SIGINT, "", ""},
         {{"up"}, 130, "", "wlanctl: " + load + "\n"},
         {{"--json", "up"}, 130, object(load), "wlanctl: " + load + "\n"},
         {{"--json", "down"}, 130, object(stop), "wlanctl: " + stop + "\n"},
-        {{"--json", "scan", "1"}, 130, object(scan), "wlanctl: " + scan + "\n"},
+        {{"--json", "scan", "1", "--force"}, 130, object(scan), "wlanctl: " + scan + "\n"},
     };
     for (const Row &row : rows) {
         Process waiting(join({BINARY_DIR "/bin/wlanctl"}, row.words), {}, "/tmp/up.out", "/tmp/up.err");
-        std::this_thread::sleep_for(std::chrono::milliseconds(400));
+        EXPECT_TRUE(await([&] { return waits(waiting.id(), row.words.front() != "get"); }));
         kill(waiting.id(), SIGINT);
         EXPECT_EQ(how_it_ended(waiting), row.status) << testing::PrintToString(row.words);
         EXPECT_EQ(read_file("/tmp/up.out"), row.out);

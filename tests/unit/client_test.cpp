@@ -111,8 +111,9 @@ TEST(Answers, OfStationsAreLines) {
                                     {4 + 164, "\xc4\xff\xff\xff"},
                                     {240, std::string(18, 'y')}});
     EXPECT_EQ(printed({}, "wlan_get_assoc_devices_table", two),
+              "MAC\tIP\tVENDOR PREFIXES\tCAPABILITY BITS\tCLASS CODE\tRSSI (dBm)\tBSS FROM 0\tNAME\n"
               "00:1A:2B:3C:4D:5E\t\t\t\t3\t-60\t0\ttab\\x09here\nyyyyyyyyyyyyyyyyyy\t\t\t\t0\t0\t0\t\n");
-    EXPECT_EQ(printed({}, "wlan_get_assoc_devices_table", image(7556, {})), "");
+    EXPECT_EQ(printed({.header = false}, "wlan_get_assoc_devices_table", image(7556, {})), "");
 }
 
 TEST(Secrets, AreShownToWhoAsks) {

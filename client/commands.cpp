@@ -129,7 +129,7 @@ int print_outcome(Context &context, const Procedure &procedure, const Values &ar
                   const Answer &answer) {
     if (answer.code < 0)
         return print_failure(context, procedure, arguments, answer);
-    const Subject subject = subject_of(context, procedure, arguments);
+    const Subject subject = subject_of(context, procedure, arguments, answer);
     const Acts acts = when_it_acts(context, procedure, answer, subject);
     const int status = print_answer(context.output, procedure, answer, subject, acts);
     if (acts.failed)

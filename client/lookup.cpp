@@ -1,6 +1,7 @@
 #include "client/lookup.h"
 
 #include "client/checks.h"
+#include "client/fields.h"
 #include "client/knowledge.h"
 #include "client/values.h"
 
@@ -88,6 +89,17 @@ Error parse_values(const Procedure &procedure, const Words &given, bool force, V
     return force ? Error{} : check_arguments(procedure, ret_arguments);
 }
 
+// What an answer says of an index; 0: nothing.
+std::int64_t answered_index(const Procedure &procedure, const Answer &answer) {
+    const auto fields = knowledge_of(procedure).fields;
+    const auto index = std::find_if(fields.begin(), fields.end(), [](const Field &field) {
+        return field.name == std::string_view("index");
+    });
+    if (index == fields.end())
+        return 0;
+    return static_cast<std::int64_t>(number_in(place_of(*index, 0, image_of(answer))));
+}
+
 } // namespace
 
 Error unknown(std::string_view prefix, std::string_view name) {
@@ -142,14 +154,16 @@ Error ask(Connection &connection, const Procedure &procedure, const Values &argu
     return error;
 }
 
-Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments) {
+Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments,
+                   const Answer &answer) {
     const auto index =
         std::find_if(procedure.arguments.begin(), procedure.arguments.end(), is_interface_index);
-    if (index == procedure.arguments.end())
+    const std::int64_t answered = answered_index(procedure, answer);
+    if (index == procedure.arguments.end() && answered == 0)
         return {};
-    const std::int64_t number =
-        arguments.list.at(static_cast<std::size_t>(index - procedure.arguments.begin())).number;
-    const bool of_use = context.output.json || procedure.name.starts_with("wlan_set_");
+    const auto place = static_cast<std::size_t>(index - procedure.arguments.begin());
+    const std::int64_t number = answered != 0 ? answered : arguments.list.at(place).number;
+    const bool of_use = context.output.json || answered != 0 || procedure.name.starts_with("wlan_set_");
     if (of_use && find_names(context.connection, context.gateway))
         return {number};
     return {number, name_of(context.gateway, number)};

@@ -14,8 +14,9 @@ Error unknown(std::string_view prefix, std::string_view name);
 // right.
 Error take_arguments(Context &context, const Procedure &procedure, const Words &given, Values &ret_arguments);
 
-// The interface that the call is about, with its name where that is told and of use.
-Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments);
+// The interface that the call or its answer is about, with its name where that is told and of use.
+Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments,
+                   const Answer &answer);
 
 // Calls the procedure; an error names it, and says so where it is not known whether an action was done.
 Error ask(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer);

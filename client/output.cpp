@@ -131,7 +131,17 @@ void print_line(const Output &output, std::string_view name, const std::string &
     std::fwrite(line.data(), 1, line.size(), stdout); // a failure shows when it is flushed
 }
 
-int print_fields(const Output &output, std::span<const Field> fields, std::string_view whole) {
+// What stands behind a value, for people: its unit, the name of an interface behind its index.
+std::string behind(const Output &output, const Field &field, const Subject &subject) {
+    if (output.raw)
+        return {};
+    if (field.name == std::string_view("index") && !subject.interface.empty())
+        return fmt::format(" ({})", subject.interface);
+    return *field.unit == '\0' ? "" : fmt::format(" {}", field.unit);
+}
+
+int print_fields(const Output &output, const Subject &subject, std::span<const Field> fields,
+                 std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
     int status = 0;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
@@ -144,16 +154,16 @@ int print_fields(const Output &output, std::span<const Field> fields, std::strin
         Row values;
         for (std::size_t i = 0; i < field.places; ++i)
             values.push_back(shown_on(stdout, value_in(field, place_of(field, i, whole))));
-        const bool unit = !output.raw && *field.unit != '\0';
         print_line(output, field.name,
-                   fmt::format("{}{}{}", fmt::join(values, " "), unit ? " " : "", unit ? field.unit : ""));
+                   fmt::format("{}{}", fmt::join(values, " "), behind(output, field, subject)));
     }
     return status;
 }
 
-int print_value(const Output &output, const Procedure &procedure, const Answer &answer) {
+int print_value(const Output &output, const Procedure &procedure, const Answer &answer,
+                const Subject &subject) {
     if (const auto fields = knowledge_of(procedure).fields; !fields.empty())
-        return print_fields(output, fields, image_of(answer));
+        return print_fields(output, subject, fields, image_of(answer));
     std::string value =
         procedure.result == Result::text ? answer.text : fmt::format("{}", answer.numbers.at(0));
     if (is_masked(output, procedure))
@@ -185,7 +195,7 @@ const char *name_of(Trouble trouble) {
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject, const Acts &acts) {
     if (!output.json && has_value(procedure))
-        return print_value(output, procedure, answer);
+        return print_value(output, procedure, answer, subject);
     if (output.json)
         print_answer_json(output, procedure, answer, subject, acts);
     else
@@ -200,7 +210,7 @@ int print_records(const Output &output, const std::vector<std::pair<const Proced
         if (output.json)
             add_fields(value, knowledge_of(*procedure).fields, image_of(answer));
         else
-            status = std::max(status, print_value(output, *procedure, answer));
+            status = std::max(status, print_value(output, *procedure, answer, {}));
     if (output.json)
         print_json({{"status", status_name(0)}, {"code", 0}, {"value", value}});
     return status;

@@ -56,7 +56,9 @@ Line read(Context &context, std::span<const std::string> words) {
             line.is_value = i + 1 == words.size();
             take_option(context.connection, option->name, words[i]);
         } else if (!line.no_option && is_option(word)) {
-            continue;
+            const std::size_t end = std::min(word.find('='), word.size());
+            if (end < word.size())
+                take_option(context.connection, word.substr(0, end), word.substr(end + 1));
         } else if (line.subcommand == nullptr) {
             line.subcommand = find_subcommand(word);
             line.is_value = line.subcommand == nullptr; // nothing is known of what follows

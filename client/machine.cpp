@@ -49,12 +49,13 @@ bool is_daemon(const fs::path &process) {
     return content_of(process / "comm").value_or("") == fmt::format("{}\n", program);
 }
 
-// A daemon that is about to run a command is two for a moment.
-bool is_child_of_daemon(const fs::path &process) {
+// One that has ended and that nobody has asked for; and a daemon that is about to run a command is two for a
+// moment.
+bool is_dead_or_child(const fs::path &process) {
     const std::string told = content_of(process / "stat").value_or("");
     const std::vector<std::string> words = split(told.substr(std::min(told.rfind(')'), told.size())), ' ');
-    constexpr std::size_t parent = 2; // behind the name and the state
-    return words.size() > parent && is_daemon(fs::path("/proc") / words[parent]);
+    constexpr std::size_t state = 1, parent = 2; // behind the name
+    return words.size() <= parent || words[state] == "Z" || is_daemon(fs::path("/proc") / words[parent]);
 }
 
 // One in another network belongs to a container.
@@ -67,7 +68,7 @@ std::optional<Daemon> daemon_in(const fs::path &process) {
     const std::string name = process.filename();
     pid_t id = 0;
     if (std::from_chars(name.data(), name.data() + name.size(), id).ec != std::errc{} ||
-        !is_daemon(process) || is_child_of_daemon(process) || is_elsewhere(process))
+        !is_daemon(process) || is_dead_or_child(process) || is_elsewhere(process))
         return std::nullopt;
     Daemon daemon{id, target_of(process / "exe").ends_with(" (deleted)"), target_of(process / "cwd"), {}};
     if (const auto environment = content_of(process / "environ"))

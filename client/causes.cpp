@@ -1,26 +1,14 @@
 #include "client/causes.h"
 
+#include "client/machine.h"
 #include "client/terminal.h"
 #include "client/values.h"
 
 #include <algorithm>
-#include <chrono>
-#include <cstdlib>
 #include <fmt/format.h>
 #include <optional>
-#include <string_view>
-#include <sys/stat.h>
-#include <unistd.h>
 
 namespace {
-
-constexpr char lock_file[] = "/tmp/nvram_set_lock";
-
-// What asking has shown of a cause: it applies, it does not, or nothing.
-struct Finding {
-    std::optional<bool> applies{};
-    std::string found{};
-};
 
 // A question of our own may take a second; it fails as anything else, and then shows nothing.
 std::optional<Answer> quick_answer(Connection connection, const char *name, Values arguments) {
@@ -40,6 +28,8 @@ Finding check_index(const Connection &connection, const Procedure &procedure, co
         if (!counted)
             return {};
         const std::int64_t last = counted->numbers.at(0), index = arguments.list.at(i).number;
+        if (last == 0) // no index would do: the cause lies elsewhere
+            return {};
         return {index < 1 || index > last, fmt::format("{} is not 1 to {}", index, last)};
     }
     return {};
@@ -55,33 +45,6 @@ Finding check_initialised(const Connection &connection) {
 Finding check_started(const Connection &connection) {
     const Finding initialised = check_initialised(connection);
     return initialised.applies == false ? initialised : Finding{};
-}
-
-bool is_this_gateway(const Connection &connection) {
-    return connection.host == "localhost" || connection.host.starts_with("127.");
-}
-
-Finding check_lock(const Connection &connection) {
-    struct stat status {};
-    if (!is_this_gateway(connection))
-        return {};
-    if (stat(lock_file, &status) != 0)
-        return {false};
-    const auto age =
-        std::chrono::system_clock::now() - std::chrono::system_clock::from_time_t(status.st_mtime);
-    return {true, fmt::format("for {} s", std::chrono::duration_cast<std::chrono::seconds>(age).count())};
-}
-
-// Only where the environment names the folder as it does for the daemon.
-Finding check_folder(const Connection &connection) {
-    const char *folder = std::getenv("zav_cfg_dir");
-    if (!is_this_gateway(connection) || folder == nullptr)
-        return {};
-    for (const char *file : {"ZAV75024g.dat", "ZAV750.dat"})
-        if (const std::string path = fmt::format("{}/{}", folder, file);
-            access(path.c_str(), R_OK | W_OK) != 0)
-            return {true, fmt::format("{} cannot be read and written", path)};
-    return {};
 }
 
 // What the daemon refuses by its range. Where a rule says more, it may still refuse what is in it.
@@ -111,9 +74,9 @@ Finding ask_about(Ask what, const Connection &connection, const Procedure &proce
     case Ask::started:
         return check_started(connection);
     case Ask::lock:
-        return check_lock(connection);
+        return is_this_machine(connection) ? find_lock() : Finding{};
     case Ask::folder:
-        return check_folder(connection);
+        return is_this_machine(connection) ? check_folder() : Finding{};
     case Ask::argument:
         return check_argument(procedure, arguments);
     case Ask::nothing:

@@ -18,11 +18,18 @@ struct Options {
     bool yes = false;     // to what resets settings
 };
 
+// An option of all subcommands, as the parser knows it.
+struct CommonOption {
+    std::string name, help;
+    bool takes_value;
+};
+
 struct Context {
     Connection connection{};
     Output output{};
     Options options{};
     Gateway gateway{};
+    std::vector<CommonOption> common{};
 };
 
 // The words behind the subcommand.
@@ -50,6 +57,13 @@ int wps_oob(Context &context, const Words &words);
 int scan(Context &context, const Words &words);
 int stations(Context &context, const Words &words);
 int stats(Context &context, const Words &words);
+
+// Walks the road to a working gateway up to the first broken plank. 1 where there is one, not for warnings.
+int doctor(Context &context, const Words &words);
+
+// For the completion of a shell, which is the first word: prints a line for each word that can stand in the
+// place of the last of the others, the words of a command line.
+int complete(Context &context, const Words &words);
 
 // Prints the answer or, where it is a failure, that and what can be found out about it. After a change, when
 // it acts; where --restart is said, it is made to act.

@@ -14,56 +14,21 @@
 
 namespace {
 
-constexpr Seconds portmapper_patience{1};
-
-Error resolve(const std::string &host, sockaddr_in &ret_address) {
-    addrinfo wanted{};
-    wanted.ai_family = AF_INET;
-    wanted.ai_socktype = SOCK_DGRAM;
-    addrinfo *found = nullptr;
-    if (const int failed = getaddrinfo(host.c_str(), nullptr, &wanted, &found); failed != 0)
-        return {Trouble::unreachable, fmt::format("host '{}': {}", host, gai_strerror(failed))};
-    std::memcpy(&ret_address, found->ai_addr, sizeof ret_address);
-    freeaddrinfo(found);
-    return {};
-}
-
-Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
-    const Seconds timeout{connection.timeout.value_or(usual_patience)};
-    Server portmapper{fmt::format("the portmapper of {}", connection.host),
-                      ret_address,
-                      PMAPPROG,
-                      PMAPVERS,
-                      timeout,
-                      connection.goes_on};
-    portmapper.address.sin_port = htons(PMAPPORT);
-    unsigned question[] = {WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, 0};
-    unsigned port = 0;
-    Exchange asked{PMAPPROC_GETPORT, message(question), message(port), portmapper_patience};
-    exchange(portmapper, {&asked, 1});
-    if (asked.error.trouble == Trouble::unreachable || asked.error.trouble == Trouble::timeout)
-        asked.error.message += "; start rpcbind there, or name the daemon's own port with --port";
-    if (asked.error)
-        return asked.error;
-    if (port == 0)
-        return {Trouble::unreachable,
-                fmt::format("the portmapper of {} knows no wlan-configd: it is not running, "
-                            "or the portmapper was restarted after it",
-                            connection.host)};
-    if (port > 0xFFFF)
-        return {Trouble::garbled, fmt::format("the portmapper names port {}", port)};
-    ret_address.sin_port = htons(static_cast<std::uint16_t>(port));
-    return {};
-}
+constexpr Seconds short_patience{1};
 
 Error locate(Connection &connection) {
     sockaddr_in address{};
-    if (Error error = resolve(connection.host, address))
+    if (Error error = resolve(connection, address))
         return error;
     address.sin_port = htons(connection.port);
     if (connection.port == 0)
         if (Error error = ask_portmapper(connection, address))
             return error;
+    if (address.sin_port == 0)
+        return {Trouble::unreachable,
+                fmt::format("the portmapper of {} knows no wlan-configd; it is not running, "
+                            "or the portmapper was restarted after it",
+                            connection.host)};
     connection.address = address;
     return {};
 }
@@ -84,6 +49,15 @@ Error take_value(const wlan_config_result_data_t &result, const Procedure &proce
     return {};
 }
 
+Server daemon_of(const Connection &connection) {
+    return {"the daemon",
+            connection.address,
+            WLAN_CONFIG_RPC_PROG,
+            WLAN_CONFIG_API_VERSION,
+            Seconds{connection.timeout.value_or(connection.patience)},
+            connection.goes_on};
+}
+
 bool is_lost(const Question &question) {
     return question.error.trouble == Trouble::timeout || question.error.trouble == Trouble::unreachable;
 }
@@ -96,12 +70,7 @@ Seconds resends_after(const Procedure &procedure, Seconds timeout) {
 // Calls those that `wanted` picks.
 void call_once(const Connection &connection, std::span<Question> questions,
                bool (*wanted)(const Question &)) {
-    const Server daemon{"the daemon",
-                        connection.address,
-                        WLAN_CONFIG_RPC_PROG,
-                        WLAN_CONFIG_API_VERSION,
-                        Seconds{connection.timeout.value_or(connection.patience)},
-                        connection.goes_on};
+    const Server daemon = daemon_of(connection);
     std::vector<wlan_config_result_data_t> results(questions.size());
     std::vector<Exchange> exchanges;
     for (std::size_t i = 0; i < questions.size(); ++i) {
@@ -128,8 +97,57 @@ void call_once(const Connection &connection, std::span<Question> questions,
 
 } // namespace
 
+Error resolve(const Connection &connection, sockaddr_in &ret_address) {
+    addrinfo wanted{};
+    wanted.ai_family = AF_INET;
+    wanted.ai_socktype = SOCK_DGRAM;
+    addrinfo *found = nullptr;
+    if (const int failed = getaddrinfo(connection.host.c_str(), nullptr, &wanted, &found); failed != 0)
+        return {Trouble::unreachable,
+                fmt::format("cannot find the host '{}': {}; check the name, or give --host an IPv4 address",
+                            connection.host, gai_strerror(failed))};
+    std::memcpy(&ret_address, found->ai_addr, sizeof ret_address);
+    freeaddrinfo(found);
+    return {};
+}
+
+Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
+    const Seconds timeout{connection.timeout.value_or(usual_patience)};
+    Server portmapper{fmt::format("the portmapper of {}", connection.host),
+                      ret_address,
+                      PMAPPROG,
+                      PMAPVERS,
+                      timeout,
+                      connection.goes_on};
+    portmapper.address.sin_port = htons(PMAPPORT);
+    unsigned question[] = {WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, 0};
+    unsigned port = 0;
+    Exchange asked{PMAPPROC_GETPORT, message(question), message(port), short_patience};
+    exchange(portmapper, {&asked, 1});
+    if (asked.error.trouble == Trouble::unreachable)
+        asked.error.message += "; start rpcbind there, or name the daemon's own port with --port";
+    if (asked.error.trouble == Trouble::timeout)
+        asked.error.message += fmt::format("; see whether it is up and no firewall drops UDP to its port {}, "
+                                           "or name the daemon's own port with --port",
+                                           PMAPPORT);
+    if (asked.error)
+        return asked.error;
+    if (port > 0xFFFF)
+        return {Trouble::garbled, fmt::format("the portmapper names port {}", port)};
+    ret_address.sin_port = htons(static_cast<std::uint16_t>(port));
+    return {};
+}
+
 Error find_daemon(Connection &connection) {
     return connection.address.sin_port == 0 ? locate(connection) : Error{};
+}
+
+Error call_nothing(const Connection &connection) {
+    std::tuple<> nothing;
+    Exchange asked{NULLPROC, message(nothing), message(nothing), short_patience};
+    const Server daemon = daemon_of(connection);
+    exchange(daemon, {&asked, 1});
+    return asked.error;
 }
 
 void call(Connection &connection, std::span<Question> questions) {

@@ -35,6 +35,12 @@ struct Answer {
 // Finds the address, if that has not been done. The calls do so, too.
 Error find_daemon(Connection &connection);
 
+// The parts of that, for who wants to know which fails. Port 0: the portmapper knows no daemon.
+Error resolve(const Connection &connection, sockaddr_in &ret_address);
+Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address);
+// The call that does nothing, to the address that was found.
+Error call_nothing(const Connection &connection);
+
 // One call, and what came of it.
 struct Question {
     const Procedure *procedure;

@@ -162,6 +162,19 @@ std::string codes_of(const Procedure &procedure) {
     return codes.empty() ? last : fmt::format("{} or {}", fmt::join(codes, ", "), last);
 }
 
+// A record's fields stand behind what holds it, further in.
+void print_fields(std::span<const Field> fields, std::size_t indent) {
+    for (const Field &field : fields) {
+        if (field.shown == Shown::only_in_json)
+            continue;
+        const std::string line =
+            fmt::format("{}{}{}: {}{}{}{}", field.name, *field.speaking ? ", " : "", field.speaking,
+                        field.meaning, *field.unit ? " [" : "", field.unit, *field.unit ? "]" : "");
+        fmt::print("{:{}}{}\n", "", indent, wrapped(line, indent));
+        print_fields(field.fields, indent + 2);
+    }
+}
+
 void print_result(const Procedure &procedure) {
     const Knowledge &known = knowledge_of(procedure);
     if (procedure.result == Result::code || procedure.result == Result::none)
@@ -172,11 +185,7 @@ void print_result(const Procedure &procedure) {
         text += fmt::format("{}{}", part.empty() ? "" : ": ", part);
     print_labelled("answers", text);
     print_names(known.result);
-    for (const Field &field : known.fields)
-        if (field.shown != Shown::only_in_json)
-            print_labelled("", fmt::format("  {}{}{}: {}{}{}{}", field.name, *field.speaking ? ", " : "",
-                                           field.speaking, field.meaning, *field.unit ? " [" : "", field.unit,
-                                           *field.unit ? "]" : ""));
+    print_fields(known.fields, label_width + 2);
 }
 
 // Each line but the first behind two blanks.

@@ -79,5 +79,14 @@ struct Knowledge {
     const char *call, *prints; // an example
 };
 
+// How the settings files hold what the procedures name as keys.
+struct SettingsFormat {
+    std::span<const char *const> lists;     // a field for each BSS, with ";" between
+    std::span<const char *const> from_zero; // %d counts the BSSes from 0, in all others from 1
+    std::span<const char *const> elsewhere; // in no file of a radio
+    std::size_t longest_file, longest_key;  // in bytes
+};
+
+const SettingsFormat &settings_format();
 const Knowledge &knowledge_of(const Procedure &procedure);
 const Cause &cause(unsigned char number);

@@ -3,6 +3,7 @@
 #include "client/checks.h"
 #include "client/fields.h"
 #include "client/knowledge.h"
+#include "client/machine.h"
 #include "client/values.h"
 
 #include <algorithm>
@@ -35,12 +36,24 @@ bool looks_like_interface(std::string_view given) {
            std::isalpha(static_cast<unsigned char>(given[0])) != 0;
 }
 
+// Every setting belongs to one, so this is what fails first where the settings files are not found.
+Error no_interfaces(const Connection &connection) {
+    const Finding folder = is_this_machine(connection) ? check_folder() : Finding{};
+    return {
+        Trouble::failed,
+        fmt::format("the gateway has no interfaces: {}; on the gateway, wlanctl doctor looks for the cause",
+                    folder.applies == true ? folder.found
+                                           : "the daemon found none in its settings (zav_cfg_dir)")};
+}
+
 // The index of an interface, which the daemon is asked about.
 Error find_index(Context &context, const std::string &given, Value &ret_value) {
     Gateway &gateway = context.gateway;
     if (looks_like_interface(given)) {
         if (Error error = find_names(context.connection, gateway))
             return error;
+        if (*gateway.entries == 0)
+            return no_interfaces(context.connection);
         ret_value = {Kind::integer, index_of(gateway, given)};
         if (ret_value.number == 0)
             return {Trouble::usage,
@@ -51,6 +64,8 @@ Error find_index(Context &context, const std::string &given, Value &ret_value) {
         return {};
     if (Error error = find_entries(context.connection, gateway))
         return error;
+    if (*gateway.entries == 0)
+        return no_interfaces(context.connection);
     if (ret_value.number < 1 || ret_value.number > *gateway.entries)
         return {Trouble::usage,
                 fmt::format("argument 'index': {} is not 1 to {}, the gateway's interfaces; --force "

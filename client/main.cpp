@@ -48,6 +48,8 @@ struct CommandLine {
 
 void add(CommandLine &line, const Subcommand &subcommand) {
     CLI::App *const added = line.app.add_subcommand(subcommand.name, subcommand.help)->fallthrough();
+    if (!subcommand.is_for_people)
+        added->group("");
     if (subcommand.takes != Takes::nothing)
         added->add_option(subcommand.argument, line.first, subcommand.meaning)
             ->required(subcommand.takes != Takes::one_at_most);
@@ -55,29 +57,42 @@ void add(CommandLine &line, const Subcommand &subcommand) {
         added->add_flag(flag.name, line.context.options.*flag.says, flag.help);
     std::string footer = fmt::format("Examples:\n  {}", subcommand.examples);
     footer.replace(footer.rfind('\n'), 1, "\n  ");
-    added->footer(footer);
+    added->footer(footer +
+                  "\n\nwlanctl --help shows the options of all commands and what INDEX and ARG can be.");
 }
 
 void set_up(CommandLine &line) {
     Connection &connection = line.context.connection;
     Output &output = line.context.output;
     CLI::App &app = line.app;
-    app.formatter(std::make_shared<WithArguments>());
+    const auto formatter = std::make_shared<WithArguments>();
+    formatter->label("TEXT", "");
+    formatter->label("REQUIRED", "");
+    formatter->label("Positionals", "Arguments");
+    app.formatter(formatter);
     app.footer(examples);
     app.require_subcommand(1);
     app.allow_extras();
     app.set_version_flag("--version", "wlanctl " WLANCTL_VERSION);
-    app.add_option("--host", connection.host, "where the daemon runs (127.0.0.1)");
+    app.add_option("--host", connection.host, "where the daemon runs (127.0.0.1)")->type_name("HOST");
     app.add_option("--port", connection.port, "its UDP port (asked of the portmapper)")
-        ->check(CLI::Range(1, 65535));
-    app.add_option("--timeout", connection.timeout, "seconds to wait for a reply (5; up and down: 600)");
+        ->check(CLI::Range(1, 65535).description(""))
+        ->type_name("PORT");
+    app.add_option("--timeout", connection.timeout, "to wait for a reply (5; up and down: 600)")
+        ->type_name("SECONDS");
     app.add_flag("--json", output.json, "print JSON, also for an error");
     app.add_flag("-r,--raw", output.raw, "print the bare value, also of a secret");
     app.add_flag("--show-secrets", output.show_secrets, "print keys, passphrases and PINs");
-    app.add_option("--columns", output.columns, "columns of a table, with commas between")->delimiter(',');
-    app.add_flag("!--no-header", output.header, "leave the heading of a table out");
+    app.add_option("--columns", output.columns, "columns of a table, with commas between")
+        ->delimiter(',')
+        ->type_name("NAMES");
+    app.add_flag_callback(
+        "--no-header", [&output] { output.header = false; }, "leave the heading of a table out");
     for (const Subcommand &each : subcommands())
         add(line, each);
+    for (const CLI::Option *option : app.get_options())
+        line.context.common.push_back(
+            {option->get_name(), option->get_description(), option->get_items_expected_max() > 0});
 }
 
 bool looks_like_option(const std::string &word) {

@@ -6,14 +6,17 @@ constexpr Flag force{"--force", "send also what makes no sense", &Options::force
 constexpr Flag dry_run{"--dry-run", "show the calls and send nothing that changes anything",
                        &Options::dry_run};
 constexpr Flag with_restart{"--restart", "restart what the change needs, once, and wait", &Options::restart};
-constexpr Flag yes{"--yes", "do not ask", &Options::yes};
+constexpr Flag yes{"--yes", "reset settings also on a terminal", &Options::yes};
 
 constexpr Flag of_calls[] = {force, dry_run, yes};
 constexpr Flag of_get[] = {force};
 constexpr Flag of_set[] = {force, dry_run, with_restart, yes};
 constexpr Flag of_resets[] = {yes};
 
-constexpr char interface[] = "of the interface, or its name";
+constexpr char interface[] = "the interface, by its number or its name";
+
+constexpr char any_of_radio[] = "any interface of the radio, by its number or its name";
+constexpr char procedure[] = "of the procedure, with or without wlan_";
 
 constexpr Subcommand table[] = {
     {"list",
@@ -28,17 +31,19 @@ constexpr Subcommand table[] = {
      "Show what a procedure takes and answers",
      Takes::one,
      "NAME",
-     "with or without wlan_",
+     "of the procedure, with or without wlan_, or a word of what it does",
      {},
      "wlanctl describe set_ssid\nwlanctl --json describe wlan_get_channel",
      describe},
-    {"call", "Call a procedure", Takes::several, "NAME", "with or without wlan_", of_calls,
+    {"call", "Call a procedure", Takes::several, "NAME", procedure, of_calls,
      "wlanctl call get_number_of_entries\nwlanctl call set_mac_address_control_add zvi01 AA:BB:CC:DD:EE:01 "
      "tv",
      call},
-    {"get", "Read a setting: calls wlan_get_NAME", Takes::several, "NAME", "of the setting", of_get,
+    {"get", "Read a setting: calls wlan_get_NAME", Takes::several, "NAME",
+     "of the setting: wlanctl list get_ has them all", of_get,
      "wlanctl get ssid 2\nwlanctl --json get channel zv00", get},
-    {"set", "Change a setting: calls wlan_set_NAME", Takes::several, "NAME", "of the setting", of_set,
+    {"set", "Change a setting: calls wlan_set_NAME", Takes::several, "NAME",
+     "of the setting: wlanctl list set_ has them all", of_set,
      "wlanctl set ssid zvi01 \"My Net\"\nwlanctl set channel zv00 36 --restart", set},
     {"up",
      "Load and initialise the driver and wait for it",
@@ -47,23 +52,41 @@ constexpr Subcommand table[] = {
      "dual (the default), 24 or 5",
      {},
      "wlanctl up\nwlanctl up 5",
-     up},
+     up,
+     "dual 24 5"},
     {"down", "Stop the driver", Takes::nothing, "", "", {}, "wlanctl down\nwlanctl --timeout 60 down", down},
     {"restart", "Restart the interfaces of a radio", Takes::one, "INDEX",
-     "of any of its interfaces, its name, or all", of_get, "wlanctl restart zv00\nwlanctl restart all",
-     restart},
+     "any interface of the radio, by its number or its name, or all", of_get,
+     "wlanctl restart zv00\nwlanctl restart all", restart, "all"},
     {"scan", "Survey the radio of an interface and show its neighbours", Takes::one, "INDEX", interface,
      of_get, "wlanctl scan zv00\nwlanctl --columns channel,signal scan 1", scan},
-    {"stations", "Show the associated stations of a radio", Takes::one, "INDEX",
-     "of any of its interfaces, or its name", of_get, "wlanctl stations zvi00\nwlanctl --json stations 9",
-     stations},
+    {"stations", "Show the associated stations of a radio", Takes::one, "INDEX", any_of_radio, of_get,
+     "wlanctl stations zvi00\nwlanctl --json stations 9", stations},
     {"stats", "Show the counters of an interface", Takes::one, "INDEX", interface, of_get,
      "wlanctl stats zvi01\nwlanctl -r stats 1", stats},
     {"restore-defaults", "Put all settings of a radio back to those of the factory", Takes::one, "INDEX",
-     "of any of its interfaces, or its name", of_resets,
-     "wlanctl restore-defaults zv00\nwlanctl restore-defaults 1 --yes", restore_defaults},
+     any_of_radio, of_resets, "wlanctl restore-defaults zv00\nwlanctl restore-defaults 1 --yes",
+     restore_defaults},
     {"wps-oob", "Put the WPS settings of an interface back to out of the box", Takes::one, "INDEX", interface,
      of_resets, "wlanctl wps-oob zvi00\nwlanctl wps-oob 1 --yes", wps_oob},
+    {"doctor",
+     "Look for what keeps the gateway from working, and say the cure",
+     Takes::nothing,
+     "",
+     "",
+     {},
+     "wlanctl doctor\nwlanctl --json --host 192.168.1.1 doctor",
+     doctor},
+    {"complete",
+     "Print what can stand in the place of the last word, for the completion of a shell",
+     Takes::several,
+     "SHELL",
+     "bash or zsh",
+     {},
+     "wlanctl complete bash -- get ss\nwlanctl complete zsh -- set channel \"\"",
+     complete,
+     "bash zsh",
+     false},
 };
 
 } // namespace

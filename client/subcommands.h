@@ -20,6 +20,8 @@ struct Subcommand {
     std::span<const Flag> flags;
     const char *examples; // two lines
     int (*run)(Context &context, const Words &words);
+    const char *words = "";    // that the first word can be, beside what the argument's name says
+    bool is_for_people = true; // shown in the help
 };
 
 std::span<const Subcommand> subcommands();

@@ -125,6 +125,7 @@ class Procedure:
 @dataclass
 class Protocol:
     program: dict
+    settings: dict
     codes: dict
     procedures: list
     records: dict
@@ -303,6 +304,19 @@ class _Builder:
                     self.fault(self.places[procedure.name], "after", f"no procedure '{name}'")
         return sorted(procedures, key=lambda procedure: procedure.number)
 
+    def settings(self, procedures):
+        """How the settings files hold what the procedures name as keys."""
+        table = next(iter(self._of("settings")), None)
+        if table is None:
+            self.faults.append("no [settings]")
+            return {}
+        keys = {key for procedure in procedures for key in procedure.keys}
+        for group in ("lists", "from_zero", "elsewhere"):
+            for key in table.keys[group]:
+                if key not in keys:
+                    self.fault(table, group, f"no procedure has the key '{key}'")
+        return table.keys
+
     def _check_numbers(self, procedures, table):
         program = table.keys
         wanted = set(range(1, program["last_procedure"] + 1)) - set(program["unassigned"])
@@ -350,9 +364,10 @@ def load(folder, sources=None):
         raise Faults(builder.faults or [f"{Path(folder).name}: no [program]"])
     builder.build_records()
     procedures = builder.build_procedures(program)
+    settings = builder.settings(procedures)
     if sources is not None:
         builder.check_functions(sources)
     if builder.faults:
         raise Faults(builder.faults)
     codes = {int(code): keys for table in builder.tables if table.kind == "code" for code, keys in table.keys.items()}
-    return Protocol(program.keys, codes, procedures, builder.records, builder.values, builder.causes)
+    return Protocol(program.keys, settings, codes, procedures, builder.records, builder.values, builder.causes)

@@ -7,6 +7,7 @@ PAIR = "two numbers"
 KINDS = {
     "program": {"name": str, "number": int, "version_name": str, "version": int, "last_procedure": int,
                 "unassigned": list, "longest_return_data": int},
+    "settings": {"lists": TEXTS, "from_zero": TEXTS, "elsewhere": TEXTS, "longest_file": int, "longest_key": int},
     "value": {"meaning": str, "unit": (str,), "range": (PAIR,), "sensible": (PAIR,), "names": (dict,),
               "length": (PAIR,), "takes": (PAIR,), "rule": (str,), "pattern": (str,)},
     "cause": {"text": str, "remedy": (str,), "ask": (str,)},

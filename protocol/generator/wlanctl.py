@@ -18,6 +18,8 @@ using enum Shown;
 
 """
 
+SETTINGS = ("lists", "from_zero", "elsewhere")
+
 
 def _identifier(name):
     return "".join(c if c.isalnum() else "_" for c in name)
@@ -111,7 +113,12 @@ def knowledge(protocol):
         text += arrays
         rows += row
     text += f"\n// In the order of the protocol's rows.\nconstexpr Knowledge knowledge[] = {{\n{rows}}};\n"
+    for group in SETTINGS:
+        text += _list(f"settings_{group}", "const char *", [quoted(key) for key in protocol.settings[group]])[0]
     text += "static_assert(std::size(knowledge) == std::size(protocol));\n\n} // namespace\n\n"
     text += ("const Knowledge &knowledge_of(const Procedure &procedure) { return knowledge[&procedure - protocol]; }\n\n"
              "const Cause &cause(unsigned char number) { return causes[number]; }\n")
+    form = ", ".join([f"settings_{group}" for group in SETTINGS] + [str(protocol.settings[f"longest_{what}"]) for what in ("file", "key")])
+    text += ("\nconst SettingsFormat &settings_format() {\n"
+             f"    static constexpr SettingsFormat format{{{form}}};\n    return format;\n}}\n")
     return text

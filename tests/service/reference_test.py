@@ -3,22 +3,18 @@
 import contextlib
 import importlib.util
 import json
-import os
 import shlex
 import shutil
 import socket
 import struct
-import subprocess
 import sys
 import time
 import unittest
-from pathlib import Path
 
 sys.dont_write_bytecode = True
-TOP = Path(__file__).resolve().parents[2]
-BUILD = Path(sys.argv.pop(1)).resolve()
-MADE, BIN = BUILD / "protocol", BUILD / "bin"
-GATEWAY = Path("/tmp/gateway")
+from simulated import BIN, BUILD, TOP, make_afresh, run, start_daemon  # noqa: E402
+
+MADE = BUILD / "protocol"
 sys.path.insert(0, str(TOP / "protocol"))
 from generator import model  # noqa: E402
 
@@ -26,29 +22,11 @@ sys.path.insert(0, str(MADE / "python"))
 import wlan_config  # noqa: E402
 
 
-def run(*command, **options):
-    return subprocess.run([str(each) for each in command], capture_output=True, text=True, timeout=60, **options)
-
-
-def make_afresh():
-    subprocess.run([TOP / "sim" / "setup", GATEWAY], check=True)
-    shutil.copy(TOP / "sim" / "factory" / "ZAV750vlan.dat", "/tmp/ZAV750vlan.dat")
-
-
 class OnTheGateway(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         make_afresh()
-        given = run("sh", "-c", f". {GATEWAY}/env && env").stdout.split("\n")
-        environment = dict(line.split("=", 1) for line in given if "=" in line)
-        environment["LD_PRELOAD"] = str(BUILD / "lib" / "libzav_sim.so")
-        cls.daemon = subprocess.Popen([BIN / "wlan-configd", "127.0.0.1"], env=environment,
-                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        for _ in range(100):
-            if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
-                return
-            time.sleep(0.05)
-        raise RuntimeError("the daemon does not answer")
+        cls.daemon = start_daemon("127.0.0.1")
 
     @classmethod
     def tearDownClass(cls):

@@ -1,0 +1,160 @@
+#include "client/machine.h"
+
+#include <algorithm>
+#include <arpa/inet.h>
+#include <cctype>
+#include <cerrno>
+#include <charconv>
+#include <chrono>
+#include <cstdlib>
+#include <cstring>
+#include <filesystem>
+#include <fmt/format.h>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+namespace {
+
+namespace fs = std::filesystem;
+
+constexpr char program[] = "wlan-configd";
+
+std::optional<std::string> content_of(const fs::path &path) {
+    std::ifstream file(path);
+    std::string content{std::istreambuf_iterator<char>(file), {}};
+    return file.is_open() && !file.bad() ? std::optional(content) : std::nullopt;
+}
+
+std::vector<std::string> split(std::string_view text, char separator) {
+    std::vector<std::string> parts;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find(separator, begin), text.size());
+        parts.emplace_back(text.substr(begin, end - begin));
+        begin = end + 1;
+    }
+    return parts;
+}
+
+// Nothing where it is not told.
+std::string target_of(const fs::path &link) {
+    std::error_code ignored;
+    return fs::read_symlink(link, ignored).string();
+}
+
+bool is_daemon(const fs::path &process) {
+    return content_of(process / "comm").value_or("") == fmt::format("{}\n", program);
+}
+
+// One that has ended and that nobody has asked for; and a daemon that is about to run a command is two for a
+// moment.
+bool is_dead_or_child(const fs::path &process) {
+    const std::string told = content_of(process / "stat").value_or("");
+    const std::vector<std::string> words = split(told.substr(std::min(told.rfind(')'), told.size())), ' ');
+    constexpr std::size_t state = 1, parent = 2; // behind the name
+    return words.size() <= parent || words[state] == "Z" || is_daemon(fs::path("/proc") / words[parent]);
+}
+
+// One in another network belongs to a container.
+bool is_elsewhere(const fs::path &process) {
+    const std::string network = target_of(process / "ns/net");
+    return !network.empty() && network != target_of("/proc/self/ns/net");
+}
+
+std::optional<Daemon> daemon_in(const fs::path &process) {
+    const std::string name = process.filename();
+    pid_t id = 0;
+    if (std::from_chars(name.data(), name.data() + name.size(), id).ec != std::errc{} ||
+        !is_daemon(process) || is_dead_or_child(process) || is_elsewhere(process))
+        return std::nullopt;
+    Daemon daemon{id, target_of(process / "exe").ends_with(" (deleted)"), target_of(process / "cwd"), {}};
+    if (const auto environment = content_of(process / "environ"))
+        daemon.environment = split(*environment, '\0');
+    return daemon;
+}
+
+} // namespace
+
+bool is_this_machine(const Connection &connection) {
+    sockaddr_in address = connection.address;
+    address.sin_port = 0;
+    if (address.sin_family != AF_INET)
+        return false;
+    // Only an address of the machine itself can be bound to.
+    const int descriptor = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    const bool is_own = bind(descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0;
+    if (descriptor >= 0)
+        close(descriptor);
+    return is_own;
+}
+
+std::optional<std::string> Daemon::variable(std::string_view name) const {
+    if (environment)
+        for (const std::string &each : *environment)
+            if (each.size() > name.size() && each[name.size()] == '=' && each.starts_with(name))
+                return each.substr(name.size() + 1);
+    return std::nullopt;
+}
+
+std::vector<Daemon> find_daemons() {
+    std::vector<Daemon> daemons;
+    std::error_code ended;
+    for (fs::directory_iterator at("/proc", ended), end; !ended && at != end; at.increment(ended))
+        if (auto daemon = daemon_in(at->path()))
+            daemons.push_back(std::move(*daemon));
+    std::sort(daemons.begin(), daemons.end(), [](auto &a, auto &b) { return a.process < b.process; });
+    return daemons;
+}
+
+std::vector<in_addr_t> addresses_of_port(std::uint16_t port) {
+    std::vector<in_addr_t> addresses;
+    std::istringstream sockets(content_of("/proc/net/udp").value_or(""));
+    for (std::string line; std::getline(sockets, line);) {
+        unsigned number = 0, address = 0, bound = 0;
+        if (std::sscanf(line.c_str(), " %u: %8X:%4X", &number, &address, &bound) == 3 && bound == port)
+            addresses.push_back(address);
+    }
+    return addresses;
+}
+
+Finding find_lock(long *ret_seconds) {
+    struct stat status {};
+    if (stat(lock_file, &status) != 0)
+        return {false};
+    const auto age =
+        std::chrono::system_clock::now() - std::chrono::system_clock::from_time_t(status.st_mtime);
+    const long seconds = std::chrono::duration_cast<std::chrono::seconds>(age).count();
+    if (ret_seconds != nullptr)
+        *ret_seconds = seconds;
+    return {true, fmt::format("for {} s", seconds)};
+}
+
+std::optional<std::string> settings_folder() {
+    const std::vector<Daemon> daemons = find_daemons();
+    if (!daemons.empty() && daemons.front().environment) {
+        const auto folder = daemons.front().variable("zav_cfg_dir");
+        const bool is_relative = folder && !folder->empty() && folder->front() != '/';
+        return is_relative ? fmt::format("{}/{}", daemons.front().directory, *folder) : folder;
+    }
+    const char *own = std::getenv("zav_cfg_dir");
+    return own == nullptr ? std::nullopt : std::optional<std::string>(own);
+}
+
+Finding check_folder() {
+    const std::vector<Daemon> daemons = find_daemons();
+    const auto folder = settings_folder();
+    if (!folder && !daemons.empty() && daemons.front().environment)
+        return {true, "the daemon was started without zav_cfg_dir"};
+    for (const char *name : settings_names) {
+        const std::string path = fmt::format("{}/{}", folder.value_or(""), name);
+        if (!folder || access(path.c_str(), R_OK | W_OK) == 0)
+            continue;
+        if (errno == EACCES && geteuid() != 0) // the daemon may
+            return {};
+        return {true, fmt::format("{} cannot be read and written: {}", path, std::strerror(errno))};
+    }
+    return {};
+}

@@ -1,0 +1,35 @@
+"""The real programs on the simulated gateway, for tests in Python that are called with the build directory."""
+
+import shutil
+import subprocess
+import sys
+import time
+from pathlib import Path
+
+TOP = Path(__file__).resolve().parents[2]
+BUILD = Path(sys.argv.pop(1)).resolve()
+BIN = BUILD / "bin"
+GATEWAY = Path("/tmp/gateway")
+
+
+def run(*command, **options):
+    return subprocess.run([str(each) for each in command], capture_output=True, text=True, timeout=60, **options)
+
+
+def make_afresh():
+    subprocess.run([TOP / "sim" / "setup", GATEWAY], check=True)
+    shutil.copy(TOP / "sim" / "factory" / "ZAV750vlan.dat", "/tmp/ZAV750vlan.dat")
+
+
+def start_daemon(*arguments, program=BIN / "wlan-configd", **environment):
+    """Runs it until the caller ends it. Of the environment, None leaves a variable out."""
+    given = run("sh", "-c", f". {GATEWAY}/env && env").stdout.split("\n")
+    environment = dict(line.split("=", 1) for line in given if "=" in line) | environment
+    environment["LD_PRELOAD"] = str(BUILD / "lib" / "libzav_sim.so")
+    daemon = subprocess.Popen([program, *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
+                              env={name: value for name, value in environment.items() if value is not None})
+    for _ in range(100):
+        if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
+            return daemon
+        time.sleep(0.05)
+    raise RuntimeError("the daemon does not answer")

@@ -11,6 +11,8 @@
 
 namespace {
 
+constexpr std::string_view prefix = "wlan_set_";
+
 constexpr char head[] =
     "Settings of a gateway, written by wlanctl export: wlanctl diff FILE compares a gateway with them, "
     "wlanctl import FILE sets what differs. Lines can be changed and left out.\n"
@@ -36,7 +38,10 @@ std::string comment(const std::string &text) {
 
 // What the setting is for and what it can be.
 std::string meaning(const Setting &setting) {
-    const ValueMeaning &value = meaning_of(setting);
+    ValueMeaning value = meaning_of(setting);
+    value.takes = {}; // what makes sense is enough
+    if (value.sensible.known || !value.names.empty())
+        value.range = {};
     std::string text =
         setting.clear != nullptr ? knowledge_of(*setting.get).summary : knowledge_of(*setting.set).summary;
     std::vector<std::string> parts;
@@ -91,7 +96,7 @@ public:
                 return setting.set == &each || setting.clear == &each;
             });
             const Knowledge &told = knowledge_of(each);
-            if (each.name.starts_with("wlan_set_") && !known && !told.keys.empty() && *told.resets == '\0' &&
+            if (each.name.starts_with(prefix) && !known && !told.keys.empty() && *told.resets == '\0' &&
                 !adds_to_a_list(each))
                 names.emplace_back(each.name);
         }
@@ -121,11 +126,12 @@ private:
 
     void add_setting(const Setting &setting, std::span<const Item> items) {
         if (std::find(explained_.begin(), explained_.end(), &setting) == explained_.end()) {
-            text_ += comment(meaning(setting));
+            text_ += "\n" + comment(meaning(setting));
             explained_.push_back(&setting);
         }
         if (is_second_name(setting)) {
-            text_ += fmt::format("# {}: set by {}\n", setting.name, knowledge_of(*setting.set).same_as);
+            text_ += fmt::format("# {}: the same as {}, which sets it\n", setting.name,
+                                 std::string_view(knowledge_of(*setting.set).same_as).substr(prefix.size()));
             return;
         }
         if (setting.get->is_secret && !show_secrets_) {

@@ -79,18 +79,22 @@ Error prepare(Context &context, const std::string &path, SettingsFile &file, std
     return look(context.connection, changes);
 }
 
-// Why it is not as wanted.
+// Why it is not as wanted: at most two causes.
 std::string why_not(const Context &context, const Change &change) {
     if (!change.hindrance.empty())
-        return change.hindrance;
+        return shown_on(stdout, change.hindrance);
     if (!change.refused)
         return fmt::format("it reads back as {}", shown(context.output, change.now));
+    std::string why = "the daemon answered failure";
     const std::vector<Reason> reasons =
         find_reasons(context.connection, *change.refused->procedure, change.refused->arguments);
-    if (reasons.empty())
-        return "the daemon answered failure";
-    return fmt::format("the daemon answered failure; {}{}", reasons[0].sure ? "" : "perhaps ",
-                       reasons[0].cause->text);
+    for (std::size_t i = 0; i < std::min<std::size_t>(reasons.size(), 2); ++i)
+        why += fmt::format("{}{}",
+                           i > 0             ? ", or "
+                           : reasons[0].sure ? ": "
+                                             : "; perhaps ",
+                           reasons[i].cause->text);
+    return why;
 }
 
 // What came of an import.
@@ -115,7 +119,11 @@ const char *outcome(const Report &report) {
 std::string result_of(const Context &context, const Report &report, const Change &change) {
     if (report.refused && change.hindrance.empty())
         return "not sent";
-    return has_failed(change) ? why_not(context, change) : report.put_back ? "put back" : "set";
+    if (has_failed(change))
+        return why_not(context, change);
+    const std::string_view also = knowledge_of(*change.wanted.setting->set).also;
+    return fmt::format("{}{}{}", report.put_back ? "put back" : "set",
+                       also.empty() ? "" : "; it changes also ", also);
 }
 
 void print_report_json(const Context &context, const Report &report) {
@@ -150,7 +158,7 @@ int print_report(const Context &context, const Report &report) {
     for (const Change &change : report.changes)
         table.rows.push_back({place_name(context, change.wanted), setting_name(change.wanted),
                               shown(context.output, change.before), shown(context.output, change.wanted),
-                              shown_on(stdout, result_of(context, report, change))});
+                              result_of(context, report, change)});
     if (!table.rows.empty())
         status = std::max(status, print_table(context.output, table));
     else if (succeeded(report))

@@ -78,6 +78,7 @@ struct Knowledge {
     const char *resets;            // what a user would miss after it
     const char *setter, *clear;    // of a getter: what sets it, where that is no namesake; what empties it
     const char *same_as;           // of a setter: another that sets all that it sets
+    const char *also;              // of a setter: what it changes that nothing reads
     const char *tr181, *since;
     const char *call, *prints; // an example
 };

@@ -122,6 +122,7 @@ class Procedure:
     setter: str
     clear: str
     same_as: str
+    also: str
     tr181: str
     since: str
 
@@ -290,7 +291,7 @@ class _Builder:
             keys["repeat"] == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
             keys.get("scripts", []), [self.causes[name] for name in keys["fails"] if name in self.causes],
             keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("resets", ""),
-            keys.get("setter", ""), keys.get("clear", ""), keys.get("same_as", ""), keys.get("tr181", ""),
+            keys.get("setter", ""), keys.get("clear", ""), keys.get("same_as", ""), keys.get("also", ""), keys.get("tr181", ""),
             keys.get("since", "1.0"))
 
     def build_procedures(self, program):

@@ -71,6 +71,8 @@ void print_strangers(const SettingsFile &file) {
 
 // The file, and what the gateway has in its places.
 Error prepare(Context &context, const std::string &path, SettingsFile &file, std::vector<Change> &changes) {
+    if (path == "-" && context.options.input_taken)
+        return {Trouble::usage, "standard input has the lines of the batch"};
     if (Error error = find_names(context.connection, context.gateway))
         return error;
     if (Error error = read_settings_file(path, context.gateway, file))

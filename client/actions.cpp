@@ -184,6 +184,11 @@ int up(Context &context, const Words &words) {
         return print_error(output, error);
     if (Error error = check_running(context, *chosen))
         return print_end(output, error, "driver was not touched");
+    if (context.options.dry_run) {
+        print_call(output, load, flags);
+        print_call(output, init, none);
+        return 0;
+    }
     if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
         return print_end(output, error, "load goes on, and no initialisation follows it");
     if (answer.code < 0)
@@ -226,6 +231,10 @@ Error restart_and_wait(Context &context, std::int64_t index) {
 int down(Context &context, const Words &) {
     const Procedure &reset = *find_procedure("wlan_reset");
     Answer answer;
+    if (context.options.dry_run) {
+        print_call(context.output, reset, {});
+        return 0;
+    }
     if (Error error = find_daemon(context.connection))
         return print_error(context.output, error);
     if (Error error = ask_visibly(context.connection, reset, {}, "stopping", long_patience, answer))
@@ -240,6 +249,10 @@ int scan(Context &context, const Words &words) {
     Answer status, result;
     if (Error error = find_scan(context, words.front(), scan))
         return print_error(output, error);
+    if (context.options.dry_run) {
+        print_call(output, *scan.begin, scan.index);
+        return 0;
+    }
     if (Error error = find_daemon(connection))
         return print_error(output, error);
     if (Error error = ask_visibly(connection, *scan.begin, scan.index, "scanning", short_patience, result))

@@ -1,5 +1,6 @@
 #include "client/causes.h"
 
+#include "client/checks.h"
 #include "client/machine.h"
 #include "client/terminal.h"
 #include "client/values.h"
@@ -55,8 +56,7 @@ Finding check_argument(const Procedure &procedure, const Values &arguments) {
         const Value &value = arguments.list.at(i);
         const ValueMeaning &meaning = meanings[i];
         const Limits &bytes = meaning.takes.known ? meaning.takes : meaning.length;
-        if (value.kind == Kind::text ? is_outside(bytes, static_cast<std::int64_t>(value.text.size()))
-                                     : is_outside(meaning.range, value.number))
+        if (!is_taken(meaning, value))
             return {true, fmt::format("argument '{}'", procedure.arguments.fields.at(i).name)};
         if (!is_interface_index(procedure.arguments.fields.at(i)))
             all_known &= *meaning.rule == '\0' && (value.kind == Kind::text ? bytes : meaning.range).known;

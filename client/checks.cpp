@@ -47,6 +47,12 @@ std::string sensible(const ValueMeaning &meaning, Kind kind) {
 
 } // namespace
 
+bool is_taken(const ValueMeaning &meaning, const Value &value) {
+    const Limits &bytes = meaning.takes.known ? meaning.takes : meaning.length;
+    return value.kind == Kind::text ? !is_outside(bytes, static_cast<std::int64_t>(value.text.size()))
+                                    : !is_outside(meaning.range, value.number);
+}
+
 Error check_arguments(const Procedure &procedure, const Values &arguments) {
     for (std::size_t i = 0; i < arguments.list.size(); ++i) {
         const Argument &argument = procedure.arguments.fields.at(i);

@@ -12,10 +12,13 @@
 
 // What the flags of the subcommands say.
 struct Options {
-    bool force = false;   // send what makes no sense, too
-    bool dry_run = false; // show the calls, and make none that changes anything
-    bool restart = false; // after a change that acts at a restart
-    bool yes = false;     // to what resets settings
+    bool force = false;          // send what makes no sense, too
+    bool dry_run = false;        // show the calls, and make none that changes anything
+    bool restart = false;        // after a change that acts at a restart
+    bool yes = false;            // to what resets settings
+    bool all_or_nothing = false; // put everything back after a failure
+    bool keep_going = false;     // after a line that failed
+    bool input_taken = false;    // standard input has the lines of a batch
 };
 
 // An option of all subcommands, as the parser knows it.
@@ -64,6 +67,14 @@ int doctor(Context &context, const Words &words);
 // For the completion of a shell, which is the first word: prints a line for each word that can stand in the
 // place of the last of the others, the words of a command line.
 int complete(Context &context, const Words &words);
+// All settings as a file, or those of a BSS and its radio; what differs from such a file (status 1 if
+// anything does); setting that.
+int export_settings(Context &context, const Words &words);
+int diff(Context &context, const Words &words);
+int import_settings(Context &context, const Words &words);
+
+// Runs commands, one a line of a file or of standard input.
+int batch(Context &context, const Words &words);
 
 // Prints the answer or, where it is a failure, that and what can be found out about it. After a change, when
 // it acts; where --restart is said, it is made to act.

@@ -3,7 +3,7 @@
 #include "client/knowledge.h"
 #include "client/lookup.h"
 #include "client/machine.h"
-#include "client/settings.h"
+#include "client/settings_faults.h"
 
 #include <algorithm>
 #include <arpa/inet.h>

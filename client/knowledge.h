@@ -35,6 +35,7 @@ struct Field {
 
 struct NamedValue {
     const char *value, *meaning;
+    bool answered_only; // the setter refuses it
 };
 
 struct Limits {
@@ -75,6 +76,9 @@ struct Knowledge {
     ValueMeaning result;
     std::span<const Field> fields; // of the answer
     const char *resets;            // what a user would miss after it
+    const char *setter, *clear;    // of a getter: what sets it, where that is no namesake; what empties it
+    const char *same_as;           // of a setter: another that sets all that it sets
+    const char *also;              // of a setter: what it changes that nothing reads
     const char *tr181, *since;
     const char *call, *prints; // an example
 };

@@ -85,8 +85,9 @@ Error check_count(const Procedure &procedure, std::size_t given) {
 }
 
 // All but what the daemon has to be asked for.
-Error parse_values(const Procedure &procedure, const Words &given, bool force, Values &ret_arguments) {
-    unsigned from_standard_input = 0;
+Error parse_values(const Procedure &procedure, const Words &given, const Options &options,
+                   Values &ret_arguments) {
+    unsigned from_standard_input = options.input_taken ? 1 : 0;
     for (std::size_t i = 0; i < given.size(); ++i) {
         const Argument &argument = procedure.arguments.fields[i];
         const bool piped = given[i] == "-" && argument.kind == Kind::text;
@@ -96,12 +97,12 @@ Error parse_values(const Procedure &procedure, const Words &given, bool force, V
             continue;
         if (Error error = parse_value(argument, given[i], ret_arguments.list[i]))
             return error;
-        if (piped && ret_arguments.list[i].text.empty() && !force)
+        if (piped && ret_arguments.list[i].text.empty() && !options.force)
             return {Trouble::usage,
                     fmt::format("argument '{}': standard input is empty; --force sends it all the same",
                                 argument.name)};
     }
-    return force ? Error{} : check_arguments(procedure, ret_arguments);
+    return options.force ? Error{} : check_arguments(procedure, ret_arguments);
 }
 
 // What an answer says of an index; 0: nothing.
@@ -148,7 +149,7 @@ Error take_arguments(Context &context, const Procedure &procedure, const Words &
     if (Error error = check_count(procedure, given.size()))
         return error;
     ret_arguments.list.resize(given.size());
-    if (Error error = parse_values(procedure, given, context.options.force, ret_arguments))
+    if (Error error = parse_values(procedure, given, context.options, ret_arguments))
         return error;
     for (std::size_t i = 0; i < given.size(); ++i)
         if (is_interface_index(procedure.arguments.fields[i]))

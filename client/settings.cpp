@@ -1,143 +1,211 @@
 #include "client/settings.h"
 
-#include "client/knowledge.h"
+#include "client/checks.h"
 
 #include <algorithm>
-#include <charconv>
-#include <cstring>
 #include <fmt/format.h>
-#include <fmt/ranges.h>
 #include <map>
-#include <set>
 
 namespace {
 
-constexpr std::size_t most_named = 6;                    // of what has the same fault
-constexpr std::size_t list_fields = 16, most_bsses = 64; // of a radio
-
-// A key, its value, and the lines on which it stands. The first counts.
-struct Setting {
-    std::string_view value;
-    std::vector<std::size_t> lines;
-};
-using Settings = std::map<std::string, Setting, std::less<>>;
-
-using Faults = std::vector<std::string>;
-
-// "Channel, SSID1 and 3 more".
-std::string naming(const std::vector<std::string> &all) {
-    const std::size_t named = std::min(all.size(), most_named);
-    std::string text = fmt::format("{}", fmt::join(all.begin(), all.begin() + std::ptrdiff_t(named), ", "));
-    return named == all.size() ? text : fmt::format("{} and {} more", text, all.size() - named);
+unsigned depth_of(const Procedure &setter) {
+    unsigned depth = 0;
+    for (const char *name : knowledge_of(setter).after)
+        depth = std::max(depth, depth_of(*find_procedure(name)) + 1);
+    return depth;
 }
 
-void add(Faults &faults, const char *form, const std::vector<std::string> &found) {
-    if (!found.empty())
-        faults.push_back(fmt::format(fmt::runtime(form), naming(found)));
+const Procedure *setter_of(const Procedure &getter) {
+    constexpr std::string_view prefix = "wlan_get_";
+    if (const std::string_view told = knowledge_of(getter).setter; !told.empty())
+        return find_procedure(told);
+    return getter.name.starts_with(prefix)
+               ? find_procedure(fmt::format("wlan_set_{}", getter.name.substr(prefix.size())))
+               : nullptr;
 }
 
-bool is_among(std::span<const char *const> names, std::string_view name) {
-    return std::find(names.begin(), names.end(), name) != names.end();
-}
-
-// The first line is a heading, whatever it says. An empty line or a remark does no harm.
-Settings read(std::string_view text, Faults &faults) {
-    Settings settings;
-    std::vector<std::string> wrong, too_long, returns;
-    for (std::size_t number = 1; !text.empty(); ++number) {
-        const std::string_view line = text.substr(0, text.find('\n'));
-        text.remove_prefix(std::min(text.size(), line.size() + 1));
-        const std::size_t equals = line.find('=');
-        const std::string shown = fmt::format("{}", number);
-        if (number == 1 && equals != line.npos && !line.starts_with('#'))
-            faults.emplace_back("the first line is a heading, what is set there is never found");
-        if (number == 1 || line.empty() || line.starts_with('#'))
-            continue;
-        if (equals == line.npos || equals == 0 || line.find('\0') != line.npos) {
-            wrong.push_back(shown);
-            continue;
-        }
-        if (equals > settings_format().longest_key)
-            too_long.push_back(shown);
-        if (line.back() == '\r')
-            returns.push_back(shown);
-        Setting &setting = settings[std::string(line.substr(0, equals))];
-        if (setting.lines.empty())
-            setting.value = line.substr(equals + 1);
-        setting.lines.push_back(number);
+// Of a getter that takes an index and perhaps one number more, and a setter that takes a value behind them.
+bool is_pair(const Procedure &getter, const Procedure &setter, bool is_list) {
+    const auto &asked = getter.arguments, &given = setter.arguments;
+    const bool value = getter.result == Result::integer || getter.result == Result::unsigned_integer ||
+                       getter.result == Result::text;
+    if (!value || asked.count > 2 || given.count != asked.count + (is_list ? 2 : 1))
+        return false;
+    for (std::size_t i = 0; i < asked.count; ++i) {
+        const bool counted =
+            is_interface_index(asked.fields.at(i)) || knowledge_of(getter).arguments[i].range.known;
+        if (asked.fields.at(i).kind != given.fields.at(i).kind || !counted)
+            return false;
     }
-    add(faults, "no KEY=VALUE in line {}", wrong);
-    add(faults, "too long a key in line {}", too_long);
-    add(faults, "a carriage return ends line {}", returns);
-    return settings;
+    const bool text = kind_name(given.fields.at(asked.count).kind) == std::string_view("text");
+    return text == (getter.result == Result::text);
 }
 
-// 0 where it is not told.
-std::size_t bsses_of(const Settings &settings) {
-    std::size_t count = 0;
-    if (const auto told = settings.find("BssidNum"); told != settings.end())
-        std::from_chars(told->second.value.data(), told->second.value.data() + told->second.value.size(),
-                        count);
-    return std::min(count, most_bsses);
-}
-
-// The key of the description, for each BSS where it counts them.
-std::vector<std::string> keys_of(std::string_view key, std::size_t bsses) {
-    const std::size_t place = key.find("%d");
-    if (place == key.npos)
-        return {std::string(key)};
-    std::vector<std::string> keys;
-    const std::size_t first = is_among(settings_format().from_zero, key) ? 0 : 1;
-    for (std::size_t number = first; number < first + bsses; ++number)
-        keys.push_back(fmt::format("{}{}{}", key.substr(0, place), number, key.substr(place + 2)));
-    return keys;
-}
-
-std::vector<std::string> missing_keys(const Settings &settings, std::size_t bsses) {
-    std::set<std::string> missing;
-    for (const Procedure &procedure : protocol)
-        for (const char *described : knowledge_of(procedure).keys)
-            if (!is_among(settings_format().elsewhere, described))
-                for (const std::string &key : keys_of(described, bsses))
-                    if (!settings.contains(key))
-                        missing.insert(key);
-    return {missing.begin(), missing.end()};
-}
-
-std::vector<std::string> short_lists(const Settings &settings, std::size_t bsses) {
-    std::vector<std::string> found;
-    for (const char *key : settings_format().lists) {
-        const auto list = settings.find(key);
-        if (list == settings.end())
+std::vector<Setting> find_settings() {
+    std::vector<Setting> found;
+    std::map<std::string_view, unsigned> areas; // by their first procedure
+    for (const Procedure &getter : protocol) {
+        areas.emplace(knowledge_of(getter).area, getter.number);
+        const Procedure *setter = setter_of(getter);
+        const Procedure *clear = find_procedure(knowledge_of(getter).clear);
+        if (setter == nullptr || !is_pair(getter, *setter, clear != nullptr))
             continue;
-        const std::string_view value = list->second.value;
-        const auto fields = static_cast<std::size_t>(std::count(value.begin(), value.end(), ';')) + 1;
-        if (fields < std::min(bsses, list_fields))
-            found.push_back(fmt::format("{} ({})", key, value.empty() ? 0 : fields));
+        Setting setting{getter.name.substr(std::string_view("wlan_get_").size()), &getter, setter, clear};
+        if (getter.arguments.count > 1)
+            setting.keys = knowledge_of(getter).arguments[1].range;
+        setting.rank = depth_of(*setter);
+        found.push_back(setting);
     }
+    std::stable_sort(found.begin(), found.end(), [&](const Setting &a, const Setting &b) {
+        return areas.at(knowledge_of(*a.get).area) < areas.at(knowledge_of(*b.get).area);
+    });
     return found;
+}
+
+Values place_arguments(const Item &item) {
+    Values arguments;
+    for (const Argument &argument : item.setting->get->arguments)
+        arguments.list.push_back(
+            {argument.kind, is_interface_index(argument) ? item.index : item.key.value_or(0)});
+    return arguments;
+}
+
+// The calls that add "a=b;c=d;". An entry without '=' is left out: obstacle() refuses it before.
+void add_entries(const Item &item, std::string_view list, std::vector<Question> &calls) {
+    while (!list.empty()) {
+        const std::string_view entry = list.substr(0, list.find(';'));
+        const std::size_t sign = entry.find('=');
+        if (sign != entry.npos) {
+            Values arguments = place_arguments(item);
+            arguments.list.push_back({Kind::text, 0, std::string{entry.substr(0, sign)}});
+            arguments.list.push_back({Kind::text, 0, std::string{entry.substr(sign + 1)}});
+            calls.push_back({item.setting->set, arguments});
+        }
+        list.remove_prefix(std::min(entry.size() + 1, list.size()));
+    }
+}
+
+bool is_list(std::string_view text) {
+    while (!text.empty()) {
+        const std::size_t end = text.find(';');
+        if (end == text.npos || text.find('=') > end)
+            return false;
+        text.remove_prefix(end + 1);
+    }
+    return true;
 }
 
 } // namespace
 
-Faults faults_of_settings(std::string_view text) {
-    Faults faults;
-    if (text.size() > settings_format().longest_file)
-        faults.push_back(fmt::format("it has {} bytes; {} are the most that can be changed", text.size(),
-                                     settings_format().longest_file));
-    if (!text.empty() && text.back() != '\n')
-        faults.emplace_back("the last line has no end: it may have been cut off");
-    const Settings settings = read(text, faults);
-    std::vector<std::string> doubled;
-    for (const auto &[key, setting] : settings)
-        if (setting.lines.size() > 1)
-            doubled.push_back(fmt::format("{} (lines {})", key, fmt::join(setting.lines, " and ")));
-    add(faults, "more than once, and only the first counts: {}", doubled);
-    const std::size_t bsses = bsses_of(settings);
-    if (bsses == 0)
-        faults.emplace_back("BssidNum does not tell the number of BSSes");
-    add(faults, "missing: {}", missing_keys(settings, bsses));
-    add(faults, fmt::format("fewer fields than the {} BSSes: {{}}", bsses).c_str(),
-        short_lists(settings, bsses));
-    return faults;
+const std::vector<Setting> &settings() {
+    static const std::vector<Setting> all = find_settings();
+    return all;
+}
+
+Scope scope_of(const Setting &setting) {
+    const std::string_view scope = knowledge_of(*setting.get).scope;
+    return setting.get->arguments.count == 0 || scope == "gateway" ? Scope::gateway
+           : scope == "radio"                                      ? Scope::radio
+                                                                   : Scope::bss;
+}
+
+const char *name_of(Scope scope) {
+    constexpr const char *names[] = {"gateway", "radio", "bss"};
+    return names[static_cast<std::size_t>(scope)];
+}
+
+const ValueMeaning &meaning_of(const Setting &setting) {
+    return setting.clear != nullptr ? knowledge_of(*setting.get).result
+                                    : knowledge_of(*setting.set).arguments.back();
+}
+
+Kind kind_of(const Setting &setting) {
+    return setting.set->arguments.fields.at(setting.set->arguments.count - 1).kind;
+}
+
+bool is_second_name(const Setting &setting) { return *knowledge_of(*setting.set).same_as != '\0'; }
+
+bool is_equal(const Item &one, const Item &other) {
+    return one.value && other.value && one.value->number == other.value->number &&
+           one.value->text == other.value->text;
+}
+
+std::vector<Place> places_of(const Gateway &gateway, std::int64_t index) {
+    const auto band = [&](std::int64_t each) { return std::string_view(band_of(name_of(gateway, each))); };
+    std::vector<Place> places, bsses;
+    if (index == 0)
+        places.push_back({Scope::gateway, 0});
+    std::int64_t first = 0; // BSS of the radio
+    for (std::int64_t each = 1; each <= gateway.entries.value_or(0); ++each) {
+        if (first == 0 || band(each) != band(first))
+            first = each;
+        if (index == 0 ? first == each : index == each)
+            places.push_back({Scope::radio, first});
+        if (index == 0 || index == each)
+            bsses.push_back({Scope::bss, each});
+    }
+    places.insert(places.end(), bsses.begin(), bsses.end());
+    return places;
+}
+
+void add_items(const Place &place, std::vector<Item> &items) {
+    for (const Setting &setting : settings()) {
+        if (scope_of(setting) != place.scope)
+            continue;
+        if (!setting.keys.known)
+            items.push_back({&setting, place.index});
+        for (std::int64_t key = setting.keys.least; setting.keys.known && key <= setting.keys.most; ++key)
+            items.push_back({&setting, place.index, key});
+    }
+}
+
+Error read_values(Connection &connection, std::vector<Item> &items) {
+    std::vector<Question> questions;
+    for (const Item &item : items)
+        questions.push_back({item.setting->get, place_arguments(item)});
+    call(connection, questions);
+    for (std::size_t i = 0; i < items.size(); ++i) {
+        const auto &[procedure, arguments, answer, error] = questions[i];
+        if (error)
+            return {error.trouble, fmt::format("{}: {}", procedure->name, error.message)};
+        items[i].value.reset();
+        if (answer.code >= 0)
+            items[i].value = {kind_of(*items[i].setting), answer.numbers.empty() ? 0 : answer.numbers[0],
+                              answer.text};
+    }
+    return {};
+}
+
+std::string obstacle(const Item &item) {
+    const Setting &setting = *item.setting;
+    if (knowledge_of(*setting.set).effect == std::string_view("none"))
+        return fmt::format("{} changes nothing", setting.set->name);
+    if (!item.value)
+        return "it has no value";
+    const Value &value = *item.value;
+    if (setting.clear != nullptr)
+        return is_list(value.text) ? "" : "it is no list of A=B; each";
+    const std::string text = value.kind == Kind::text ? value.text : fmt::format("{}", value.number);
+    const auto names = meaning_of(setting).names;
+    const bool answered_only = std::any_of(names.begin(), names.end(), [&](const NamedValue &named) {
+        return named.answered_only && named.value == text;
+    });
+    if (answered_only || !is_taken(meaning_of(setting), value) ||
+        (value.kind != Kind::text && !is_within(value.kind, value.number)))
+        return fmt::format("{} does not take it", setting.set->name);
+    return {};
+}
+
+std::vector<Question> calls_of(const Item &item) {
+    const Setting &setting = *item.setting;
+    std::vector<Question> calls;
+    Values arguments = place_arguments(item);
+    if (setting.clear != nullptr) {
+        calls.push_back({setting.clear, arguments});
+        add_entries(item, item.value->text, calls);
+    } else {
+        arguments.list.push_back(*item.value);
+        calls.push_back({setting.set, arguments});
+    }
+    return calls;
 }

@@ -12,6 +12,14 @@ constexpr Flag of_calls[] = {force, dry_run, yes};
 constexpr Flag of_get[] = {force};
 constexpr Flag of_set[] = {force, dry_run, with_restart, yes};
 constexpr Flag of_resets[] = {yes};
+constexpr Flag of_import[] = {
+    force,
+    dry_run,
+    with_restart,
+    {"--all-or-nothing", "put everything back after a failure", &Options::all_or_nothing}};
+constexpr Flag of_batch[] = {
+    dry_run, {"--keep-going", "run the lines behind one that failed, too", &Options::keep_going}};
+constexpr char file_meaning[] = "of settings, or - for standard input";
 
 constexpr char interface[] = "the interface, by its number or its name";
 
@@ -87,6 +95,28 @@ constexpr Subcommand table[] = {
      complete,
      "bash zsh",
      false},
+    {"export",
+     "Write all settings as a file, or those of a BSS and its radio",
+     Takes::one_at_most,
+     "INDEX",
+     interface,
+     {},
+     "wlanctl --show-secrets export > gateway.toml\nwlanctl export zvi01",
+     export_settings},
+    {"diff",
+     "Show what differs between the gateway and a file of settings; status 1 if anything does",
+     Takes::one,
+     "FILE",
+     file_meaning,
+     {},
+     "wlanctl diff gateway.toml\nwlanctl --json --show-secrets diff gateway.toml",
+     diff},
+    {"import", "Set what differs from a file of settings", Takes::one, "FILE", file_meaning, of_import,
+     "wlanctl import gateway.toml --dry-run\nwlanctl import gateway.toml --all-or-nothing --restart",
+     import_settings},
+    {"batch", "Run commands, one a line, and print a line of JSON for each", Takes::one_at_most, "FILE",
+     "of commands; - or none: standard input", of_batch,
+     "wlanctl batch commands.txt --keep-going\necho \"set ssid 2 'My Net'\" | wlanctl batch", batch},
 };
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "client/text.h"
 
 #include <algorithm>
+#include <charconv>
 #include <fmt/format.h>
 #include <iterator>
 #include <utf8.h>
@@ -68,9 +69,37 @@ std::string printable(std::string_view text, bool ascii) {
     return shown;
 }
 
+std::string toml_string(std::string_view text) {
+    std::string quoted = "\"";
+    while (!text.empty()) {
+        const auto [code, length] = first_character(text);
+        const std::string_view bytes = text.substr(0, std::max<std::size_t>(length, 1));
+        if (code == '"' || code == '\\')
+            quoted.append("\\").append(bytes);
+        else if (is_printable(code, false))
+            quoted += bytes;
+        else
+            quoted += code > 0xFFFF ? fmt::format("\\U{:08X}", static_cast<std::uint32_t>(code))
+                                    : fmt::format("\\u{:04X}", static_cast<std::uint32_t>(code));
+        text.remove_prefix(bytes.size());
+    }
+    return quoted + '"';
+}
+
 std::string hexadecimal(std::string_view bytes) {
     std::string shown;
     for (const char byte : bytes)
         fmt::format_to(std::back_inserter(shown), "{:02x}", static_cast<unsigned char>(byte));
     return shown;
+}
+
+std::optional<std::string> from_hexadecimal(std::string_view digits) {
+    std::string bytes;
+    for (; digits.size() >= 2; digits.remove_prefix(2)) {
+        unsigned char byte = 0;
+        if (std::from_chars(digits.data(), digits.data() + 2, byte, 16).ptr != digits.data() + 2)
+            return std::nullopt;
+        bytes += static_cast<char>(byte);
+    }
+    return digits.empty() ? std::optional(bytes) : std::nullopt;
 }

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -12,4 +13,9 @@ bool is_utf8(std::string_view text);
 // for terminals that take the bytes of UTF-8 for control characters.
 std::string printable(std::string_view text, bool ascii);
 
+// The text, which is UTF-8, as a string of TOML; what printable() shows as \xNN is \uNNNN there.
+std::string toml_string(std::string_view text);
+
 std::string hexadecimal(std::string_view bytes);
+// The bytes of such digits, or nothing.
+std::optional<std::string> from_hexadecimal(std::string_view digits);

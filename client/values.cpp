@@ -83,18 +83,6 @@ Error read_text(std::string_view given, std::string &ret_text) {
     return {};
 }
 
-Error parse_text(const Argument &argument, std::string_view given, Value &ret_value) {
-    if (Error error = read_text(given, ret_value.text))
-        return error;
-    if (ret_value.text.find('\0') != std::string::npos)
-        return {Trouble::usage, fmt::format("argument '{}' (text) cannot hold a zero byte", argument.name)};
-    if (ret_value.text.size() > longest_text)
-        return {Trouble::usage,
-                fmt::format("argument '{}' (text) is longer than the {} bytes that a call holds",
-                            argument.name, longest_text)};
-    return {};
-}
-
 bool encode(XDR *x, Value &value) {
     switch (value.kind) {
     case Kind::integer: {
@@ -136,17 +124,34 @@ const char *kind_name(Kind kind) { return kind_text(kind).name; }
 
 const char *accepted_values(Kind kind) { return kind_text(kind).accepted; }
 
+bool is_within(Kind kind, std::int64_t number) {
+    return number >= kind_text(kind).least && number <= kind_text(kind).most;
+}
+
 bool is_interface_index(const Argument &argument) {
     return argument.kind == Kind::integer && argument.name == std::string_view{"index"};
 }
 
+Error check_text(const Argument &argument, const std::string &text) {
+    if (text.find('\0') != std::string::npos)
+        return {Trouble::usage, fmt::format("argument '{}' (text) cannot hold a zero byte", argument.name)};
+    if (text.size() > longest_text)
+        return {Trouble::usage,
+                fmt::format("argument '{}' (text) is longer than the {} bytes that a call holds",
+                            argument.name, longest_text)};
+    return {};
+}
+
 Error parse_value(const Argument &argument, std::string_view given, Value &ret_value) {
     ret_value.kind = argument.kind;
-    if (argument.kind == Kind::text)
-        return parse_text(argument, given, ret_value);
+    if (argument.kind == Kind::text) {
+        if (Error error = read_text(given, ret_value.text))
+            return error;
+        return check_text(argument, ret_value.text);
+    }
     const KindText &kind = kind_text(argument.kind);
     const auto number = argument.kind == Kind::boolean ? parse_boolean(given) : parse_number(given);
-    if (!number || *number < kind.least || *number > kind.most)
+    if (!number || !is_within(argument.kind, *number))
         return {Trouble::usage, fmt::format("argument '{}' ({}): '{}' is not {}", argument.name, kind.name,
                                             given, kind.accepted)};
     ret_value.number = *number;

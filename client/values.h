@@ -27,8 +27,14 @@ bool item(XDR *x, Values &values);
 const char *kind_name(Kind kind);
 const char *accepted_values(Kind kind);
 
+// Whether an argument of that kind can be the number.
+bool is_within(Kind kind, std::int64_t number);
+
 // The argument that counts the interfaces from 1, where wlanctl also takes a name.
 bool is_interface_index(const Argument &argument);
+
+// What keeps a text from being sent.
+Error check_text(const Argument &argument, const std::string &text);
 
 // Reads a number as decimal or as 0x hexadecimal and a boolean also as a word. A text is itself, but `-` is
 // standard input and `@FILE` a file, without one closing line feed, and `@@TEXT` is "@TEXT". An error names

@@ -30,6 +30,10 @@ MISTAKES = [
     ("protocol.toml", "[argument.ac]\n", "[arguments.ac]\n", "[arguments.ac]", r"no table is called 'arguments'"),
     ("protocol.toml", 'is = "access_category"', 'is = "access"', "[argument.ac]", r"no value 'access'"),
     ("wps.toml", "[[procedure]]\n", "[value.switch]\nmeaning = 'x'\n[[procedure]]\n", "[value.switch]", r"a second value 'switch'"),
+    ("modes.toml", 'answered_only = ["NOTWEP"]', 'answered_only = ["NOTWPE"]', "answered_only", r"'NOTWPE' has no name"),
+    ("wps.toml", 'same_as = "wlan_set_wps_enable"', 'same_as = "wlan_set_wps"', "same_as", r"no procedure 'wlan_set_wps'"),
+    ("keys.toml", 'after = ["wlan_set_wep_key_index"]', 'after = ["wlan_set_wep_key"]', None,
+     r"wlan_set_enable, wlan_set_wep_encryption_level, wlan_set_wep_key, wlan_set_wep_key_passphrase wait for each other"),
     ("wps.toml", "number = 88\n", "number = \n", "number = \n", r"Invalid value"),
 ]
 

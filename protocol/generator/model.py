@@ -32,6 +32,7 @@ class Value:
     range: tuple = ()
     sensible: tuple = ()
     names: dict = field(default_factory=dict)
+    answered_only: list = field(default_factory=list)
     length: tuple = ()
     takes: tuple = ()
     rule: str = ""
@@ -118,6 +119,10 @@ class Procedure:
     after: list
     example: dict
     resets: str
+    setter: str
+    clear: str
+    same_as: str
+    also: str
     tr181: str
     since: str
 
@@ -184,6 +189,9 @@ class _Builder:
         except re.error as error:
             self.fault(table, "pattern", f"pattern: {error}")
         keys["names"] = {str(code): text for code, text in keys.get("names", {}).items()}
+        for text in keys.get("answered_only", []):
+            if text not in keys["names"]:
+                self.fault(table, "answered_only", f"'{text}' has no name")
         return Value(table.name, **keys)
 
     def value_of(self, table, described, key="is"):
@@ -283,7 +291,8 @@ class _Builder:
             self.result(table, keys["result"]), keys["summary"], keys["scope"], keys["effect"],
             keys["repeat"] == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
             keys.get("scripts", []), [self.causes[name] for name in keys["fails"] if name in self.causes],
-            keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("resets", ""), keys.get("tr181", ""),
+            keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("resets", ""),
+            keys.get("setter", ""), keys.get("clear", ""), keys.get("same_as", ""), keys.get("also", ""), keys.get("tr181", ""),
             keys.get("since", "1.0"))
 
     def build_procedures(self, program):
@@ -297,11 +306,7 @@ class _Builder:
                         self.fault(table, key, f"a second procedure of {key} {getattr(procedure, key)}")
             procedures.append(procedure)
         self._check_numbers(procedures, program)
-        names = {procedure.name for procedure in procedures}
-        for procedure in procedures:
-            for name in procedure.after:
-                if name not in names:
-                    self.fault(self.places[procedure.name], "after", f"no procedure '{name}'")
+        self._check_references({procedure.name: procedure for procedure in procedures})
         return sorted(procedures, key=lambda procedure: procedure.number)
 
     def settings(self, procedures):
@@ -316,6 +321,23 @@ class _Builder:
                 if key not in keys:
                     self.fault(table, group, f"no procedure has the key '{key}'")
         return table.keys
+    def _check_references(self, named):
+        """Procedures name others that there are, and the order of the setters has no way back."""
+        known = True
+        for procedure in named.values():
+            references = [("after", name) for name in procedure.after]
+            references += [(key, getattr(procedure, key)) for key in ("setter", "clear", "same_as")]
+            for key, name in references:
+                if name and name not in named:
+                    known = False
+                    self.fault(self.places[procedure.name], key, f"no procedure '{name}'")
+        waiting = {name: set(procedure.after) for name, procedure in named.items()}
+        while known and waiting:
+            free = {name for name, before in waiting.items() if not before & waiting.keys()}
+            if not free:
+                self.fault(self.places[min(waiting)], "after", f"{', '.join(sorted(waiting))} wait for each other")
+                break
+            waiting = {name: before for name, before in waiting.items() if name not in free}
 
     def _check_numbers(self, procedures, table):
         program = table.keys

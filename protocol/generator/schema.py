@@ -8,7 +8,7 @@ KINDS = {
     "program": {"name": str, "number": int, "version_name": str, "version": int, "last_procedure": int,
                 "unassigned": list, "longest_return_data": int},
     "settings": {"lists": TEXTS, "from_zero": TEXTS, "elsewhere": TEXTS, "longest_file": int, "longest_key": int},
-    "value": {"meaning": str, "unit": (str,), "range": (PAIR,), "sensible": (PAIR,), "names": (dict,),
+    "value": {"meaning": str, "unit": (str,), "range": (PAIR,), "sensible": (PAIR,), "names": (dict,), "answered_only": (TEXTS,),
               "length": (PAIR,), "takes": (PAIR,), "rule": (str,), "pattern": (str,)},
     "cause": {"text": str, "remedy": (str,), "ask": (str,)},
     "argument": {"type": str, "is": (str,), "meaning": (str,)},
@@ -22,7 +22,7 @@ KINDS = {
     "procedure": {"number": int, "name": str, "arguments": list, "argument_record": (str,), "result": (str, dict),
                   "summary": str, "scope": str, "effect": str, "repeat": str, "seconds": (int,), "keys": (TEXTS,),
                   "driver": (TEXTS,), "scripts": (TEXTS,), "fails": TEXTS, "oddities": (TEXTS,), "after": (TEXTS,),
-                  "example": dict, "resets": (str,), "tr181": (str,), "since": (str,)},
+                  "example": dict, "resets": (str,), "setter": (str,), "clear": (str,), "same_as": (str,), "also": (str,), "tr181": (str,), "since": (str,)},
     "example": {"call": str, "prints": str, "running": (bool,), "status": (int,)},
 }
 

@@ -55,7 +55,7 @@ def _value(value):
     named = ""
     if value.names:
         named = f"constexpr NamedValue names_{name}[] = {{\n" + "".join(
-            f"    {{{quoted(code)}, {quoted(text)}}},\n" for code, text in value.names.items()) + "};\n"
+            f"    {{{quoted(code)}, {quoted(text)}, {'true' if code in value.answered_only else 'false'}}},\n" for code, text in value.names.items()) + "};\n"
     names = f"names_{name}" if value.names else "{}"
     return named + (
         f"constexpr ValueMeaning {name}{{{quoted(value.meaning)}, {quoted(value.unit)}, {_pair(value.range)}, "
@@ -93,7 +93,8 @@ def _procedure(each, numbers):
     example = each.example
     return arrays, (
         f"    {{{quoted(each.area)}, {quoted(each.summary)}, {quoted(each.scope)}, {quoted(each.effect)}, {each.seconds}, "
-        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.resets)}, {quoted(each.tr181)}, {quoted(each.since)}, "
+        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.resets)}, "
+        f"{quoted(each.setter)}, {quoted(each.clear)}, {quoted(each.same_as)}, {quoted(each.also)}, {quoted(each.tr181)}, {quoted(each.since)}, "
         f"{quoted(example.get('call', ''))}, {quoted(example.get('prints', ''))}}}, // {each.number} {each.name}\n")
 
 

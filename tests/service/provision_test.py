@@ -1,0 +1,167 @@
+"""Saving, comparing and setting a whole gateway, and batches: provision_test.py BUILD."""
+
+import json
+import os
+import tomllib
+import unittest
+from pathlib import Path
+
+import reference_test as base  # takes BUILD
+
+FILES = [base.GATEWAY / "settings" / name for name in ("ZAV75024g.dat", "ZAV750.dat")]
+LOCK = Path("/tmp/nvram_set_lock")
+# Settings of another gateway: what is put back is to be as it was, but for what the import names.
+OTHER = r"""set ssid zvi01 'Q"\ # ä'   # a comment
+set standard zvi00 bg
+set channel_bw zv00 1
+set channel zv00 44
+set channel zvi00 11
+set extension_channel zvi00 6 0
+set basic_authentication_modes zvi00 SharedAuthentication
+set basic_encryption_modes zvi00 WEPEncryption
+set wep_key_index zvi00 2
+set wep_encryption_level zvi00 104-bit
+set wep_key zvi00 2 abcdefghijklm
+set wpa_authentication_modes zvi02 WPA2PSK
+set wpa_encryption_modes zvi02 TKIPEncryption
+set key_passphrase zvi02 1 "a \"pass\\phrase\""
+set pre_shared_key zv00 1 0123456789abcdef0123456789abcdef0123456789abcdef0123456789abcdef
+set mac_address_control_add zvi01 AA:BB:CC:DD:EE:01 a=b
+set mac_address_control_enabled zvi01 2
+set enable zvi03 1
+set radio_enabled zv00 0
+set transmit_power zv00 12
+set og_aifsn zvi00 3 9
+set wps_enable zvi00 0
+set wps_config_methods_enabled zv00 Keypad
+set radius_server_key zv03 ';= '
+set radius_server_address zv03 10.0.0.1
+set air_time_bssid_weight zvi00 21
+"""
+
+
+def wlanctl(*words, **options):
+    return base.run(base.BIN / "wlanctl", *words, **options)
+
+
+def stored():
+    return [path.read_bytes() for path in FILES]
+
+
+class Provisioning(unittest.TestCase):
+    setUpClass = classmethod(base.OnTheGateway.setUpClass.__func__)
+    tearDownClass = classmethod(base.OnTheGateway.tearDownClass.__func__)
+
+    def setUp(self):
+        base.make_afresh()
+        self.factory = stored()
+        Path("/tmp/factory.toml").write_text(wlanctl("--show-secrets", "export").stdout)
+
+    def write(self, text):
+        Path("/tmp/some.toml").write_text(text)
+        return "/tmp/some.toml"
+
+    def changes(self, *words, status):
+        ran = wlanctl("--json", "--show-secrets", "import", *words)
+        self.assertEqual(ran.returncode, status, ran.stdout + ran.stderr)
+        told = json.loads(ran.stdout)
+        return told, {(each["interface"], each["setting"]): each["result"] for each in told["changes"]}
+
+    def test_an_export_holds_every_setting_and_changes_nothing(self):
+        file = tomllib.loads(Path("/tmp/factory.toml").read_text())
+        self.assertEqual([(scope, len(places)) for scope, places in file.items()], [("radio", 2), ("bss", 16)])
+        pairs = {each.name.removeprefix("wlan_get_") for each in base.model.load(base.TOP / "protocol").procedures
+                 if each.scope == "BSS" and each.result.kind != "record"
+                 and base.wlan_config.PROCEDURES.get(each.name.replace("_get_", "_set_", 1)) and "_get_" in each.name}
+        left_out = {"basic_authentication_modes", "basic_encryption_modes", "wep_key_passphrase", "beacon_type", "pre_shared_key",
+                    "air_time_sta_weight"}
+        self.assertEqual(set(file["bss"]["zvi00"]) - {"encryption_level", "mac_address_control_list"}, pairs - left_out)
+        for words, value in [("channel zv00", file["radio"]["zv00"]["channel"]), ("wep_key zvi01 3", file["bss"]["zvi01"]["wep_key"]["3"]),
+                             ("key_passphrase zv07 1", file["bss"]["zv07"]["key_passphrase"])]:
+            self.assertEqual(json.loads(wlanctl("--json", "--show-secrets", "get", *words.split()).stdout)["value"], value)
+        masked = wlanctl("export").stdout
+        self.assertNotIn("ExamplePassphrase", masked)
+        for text in (Path("/tmp/factory.toml").read_text(), masked, wlanctl("export", "zv03").stdout):
+            ran = wlanctl("import", self.write(text))
+            self.assertEqual((ran.stdout, ran.stderr, ran.returncode), ("unchanged\n", "", 0))
+        self.assertEqual(wlanctl("diff", "/tmp/factory.toml").stdout, "")
+        self.assertEqual(stored(), self.factory)
+
+    def test_a_changed_gateway_becomes_that_of_the_file(self):
+        Path("/tmp/commands").write_text(OTHER)
+        self.assertEqual(wlanctl("batch", "/tmp/commands").returncode, 0)
+        other, other_file = stored(), wlanctl("--show-secrets", "export").stdout
+        differs = wlanctl("--json", "diff", "/tmp/factory.toml")
+        found = json.loads(differs.stdout)["differences"]
+        self.assertIn({"interface": "zvi00", "setting": "og_aifsn", "index": 1, "key": 3, "gateway": 9, "file": 2}, found)
+        self.assertIn({"interface": "zvi02", "setting": "key_passphrase", "index": 3, "key": 1, "masked": True,
+                       "gateway": None, "file": None}, found)
+        self.assertEqual((differs.returncode, wlanctl("diff", "/tmp/factory.toml").stdout.count("\n")), (1, len(found) + 1))
+        shown = wlanctl("import", "--dry-run", "/tmp/factory.toml").stdout
+        self.assertEqual(stored(), other)
+        places = [shown.index(f"wlan_set_{call} ") for call in ("channel_bw", "channel", "side_band")]
+        self.assertEqual(places, sorted(places))
+        told, results = self.changes("/tmp/factory.toml", status=1)
+        # The level of a key that is not in use cannot be set back with the index of another.
+        self.assertEqual([place for place, result in results.items() if result != "set"], [("zvi00", "wep_key")], results)
+        kept = [line for line in self.factory[0].split(b"\n") if not line.startswith((b"Key2EncLevel=", b"Key2Str1="))]
+        self.assertEqual([line for line in stored()[0].split(b"\n") if not line.startswith((b"Key2EncLevel=", b"Key2Str1="))], kept)
+        self.assertEqual(stored()[1], self.factory[1])
+        self.changes(self.write(other_file), status=0)
+        self.assertEqual(stored(), other)
+
+    def test_what_is_not_taken_is_named_and_put_back(self):
+        refused = '[bss.zvi01]\nssid = "x"\nwep_key = { 1 = "seven77" }\n[radio.zvi00]\nwmm_apsd = 0\n'
+        strange = '[bss.zvi01]\nssid = "x"\nssidd = "x"\nmax_station_num = "x"\n[bss.zvi99]\nssid = "x"\n'
+        for text, words, status, result, all_as_before in [
+                (refused, ["--all-or-nothing"], 1, "put back", True), (refused, [], 1, "set", False),
+                (strange, ["--all-or-nothing"], 1, "not sent", True), (strange, [], 1, "set", False)]:
+            base.make_afresh()
+            told, results = self.changes(*words, self.write(text), status=status)
+            self.assertEqual(results["zvi01", "ssid"], result)
+            self.assertEqual(len(told["skipped"]), 3 if text == strange else 0, told)
+            if text == refused:
+                self.assertIn("perhaps the key has not 5 or 13 characters", results["zvi01", "wep_key"])
+                self.assertIn("it changes also the same of the radio's other BSSes", results["zvi00", "wmm_apsd"])
+            self.assertEqual(wlanctl("diff", "/tmp/factory.toml").returncode == 0, all_as_before)
+        base.make_afresh()
+        LOCK.touch()
+        self.addCleanup(LOCK.unlink)
+        self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
+
+    def test_bandwidth_before_channel_and_one_restart(self):
+        self.assertEqual(wlanctl("set", "channel", "zv00", "165").returncode, 1)
+        wlanctl("up")
+        told, results = self.changes("--restart", self.write("[radio.zv00]\nchannel = 165\nchannel_bw = 0\n"), status=0)
+        self.assertEqual((results["zv00", "channel"], told["acts"]), ("set", "after the restart"))
+        self.assertEqual(wlanctl("-r", "get", "current_channel", "zv00").stdout, "165\n")
+        wlanctl("down")
+
+    def test_texts_are_any_bytes(self):
+        for text in ('q"\\ \'', "\udcff\x01", "ä\r\t\u202e\x7f", "\x01#=\\u0041"):
+            wlanctl("set", "ssid", "zvi01", "--", text)
+            wlanctl("set", "radius_server_key", "zvi01", "--", text)
+            odd, file = stored(), self.write(wlanctl("--show-secrets", "export", "zvi01").stdout)
+            self.assertIn(os.fsencode(f"SSID2={text}\n"), odd[0])
+            self.changes("/tmp/factory.toml", status=0)
+            self.assertEqual(stored(), self.factory)
+            self.changes(file, status=0)
+            self.assertEqual(stored(), odd)
+        bad = wlanctl("import", self.write('[bss.zvi01]\nssid = { hex = "0g" }\nwep_key_index = 1\n'))
+        self.assertIn("line 2: it is to be a text", bad.stderr)
+
+    def test_batches(self):
+        lines = 'set ssid 2 "a b" \nget ssid "2\n--host x get ssid 2\n\n get ssid 2\nset ssid 2 -\nget ssid 2 # end\n'
+        for words, answers, status in [([], ["done", "usage"], 2),
+                                       (["--keep-going"], ["done", "usage", "usage", "a b", "usage", "a b"], 2),
+                                       (["--dry-run", "--keep-going"], ["not sent", "usage", "usage", "Gateway-2.4G-2", "usage",
+                                                                        "Gateway-2.4G-2"], 2)]:
+            base.make_afresh()
+            ran = wlanctl("batch", *words, input=lines)
+            told = [json.loads(line) for line in ran.stdout.splitlines()]
+            self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)
+            self.assertEqual((ran.returncode, "line 2 failed" in ran.stderr), (status, True))
+
+
+if __name__ == "__main__":
+    unittest.main(verbosity=1)

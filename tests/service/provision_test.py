@@ -85,6 +85,7 @@ class Provisioning(unittest.TestCase):
             ran = wlanctl("import", self.write(text))
             self.assertEqual((ran.stdout, ran.stderr, ran.returncode), ("unchanged\n", "", 0))
         self.assertEqual(wlanctl("diff", "/tmp/factory.toml").stdout, "")
+        self.assertEqual(base.run("sh", "-c", f"{base.BIN}/wlanctl export >/dev/full").returncode, 5)
         self.assertEqual(stored(), self.factory)
 
     def test_a_changed_gateway_becomes_that_of_the_file(self):

@@ -121,6 +121,8 @@ const char *outcome(const Report &report) {
 std::string result_of(const Context &context, const Report &report, const Change &change) {
     if (report.refused && change.hindrance.empty())
         return "not sent";
+    if (report.error && !change.refused && change.hindrance.empty() && differs(change))
+        return "not known to be set";
     if (has_failed(change))
         return why_not(context, change);
     const std::string_view also = knowledge_of(*change.wanted.setting->set).also;

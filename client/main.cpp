@@ -9,7 +9,7 @@ int main(int argc, char **argv) {
     try {
         Context context;
         const int status = run_command_line(context, Words(argv + 1, argv + argc));
-        if (std::fflush(stdout) == 0)
+        if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0) // one of them forgets what the other tells
             return status;
         std::perror("wlanctl: standard output");
     } catch (const std::exception &error) {

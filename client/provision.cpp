@@ -63,6 +63,7 @@ std::vector<Change> changes_to(std::vector<Item> wanted, bool force) {
 
 Error look(Connection &connection, std::vector<Change> &changes) {
     std::vector<Item> items;
+    items.reserve(changes.size());
     for (const Change &change : changes)
         items.push_back(change.wanted);
     if (Error error = read_values(connection, items))
@@ -80,8 +81,10 @@ Error bring_about(Connection &connection, std::vector<Change> &changes) {
     for (int pass = 0; pass < most_passes && open != before; ++pass) {
         for (Change &change : changes)
             if (is_open(change))
-                if (Error error = set(connection, change))
-                    return error;
+                if (Error error = set(connection, change)) {
+                    const Error unseen = look(connection, changes); // what has come of it, if that is told
+                    return unseen ? unseen : error;
+                }
         if (Error error = look(connection, changes))
             return error;
         before = std::exchange(open, open_ones(changes));

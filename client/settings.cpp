@@ -161,6 +161,7 @@ void add_items(const Place &place, std::vector<Item> &items) {
 
 Error read_values(Connection &connection, std::vector<Item> &items) {
     std::vector<Question> questions;
+    questions.reserve(items.size());
     for (const Item &item : items)
         questions.push_back({item.setting->get, place_arguments(item)});
     call(connection, questions);

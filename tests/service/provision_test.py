@@ -85,6 +85,7 @@ class Provisioning(unittest.TestCase):
             ran = wlanctl("import", self.write(text))
             self.assertEqual((ran.stdout, ran.stderr, ran.returncode), ("unchanged\n", "", 0))
         self.assertEqual(wlanctl("diff", "/tmp/factory.toml").stdout, "")
+        self.assertEqual(base.run("sh", "-c", f"{base.BIN}/wlanctl export >/dev/full").returncode, 5)
         self.assertEqual(stored(), self.factory)
 
     def test_a_changed_gateway_becomes_that_of_the_file(self):
@@ -129,13 +130,15 @@ class Provisioning(unittest.TestCase):
         self.addCleanup(LOCK.unlink)
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
 
-    def test_bandwidth_before_channel_and_one_restart(self):
+    def test_bandwidth_before_channel_before_side_and_one_restart(self):
         self.assertEqual(wlanctl("set", "channel", "zv00", "165").returncode, 1)
         wlanctl("up")
         told, results = self.changes("--restart", self.write("[radio.zv00]\nchannel = 165\nchannel_bw = 0\n"), status=0)
         self.assertEqual((results["zv00", "channel"], told["acts"]), ("set", "after the restart"))
         self.assertEqual(wlanctl("-r", "get", "current_channel", "zv00").stdout, "165\n")
         wlanctl("down")
+        self.changes(self.write("[radio.zvi00]\nchannel = 11\nside_band = 1\n"), status=0)  # the channel changes the side
+        self.assertEqual(wlanctl("-r", "get", "side_band", "zvi00").stdout, "1\n")
 
     def test_texts_are_any_bytes(self):
         for text in ('q"\\ \'', "\udcff\x01", "ä\r\t\u202e\x7f", "\x01#=\\u0041"):

@@ -12,7 +12,7 @@
 namespace {
 
 // A question of our own may take a second; it fails as anything else, and then shows nothing.
-std::optional<Answer> quick_answer(Connection connection, const char *name, Values arguments) {
+std::optional<Answer> quick_answer(Connection connection, const char *name, const Values &arguments) {
     connection.timeout = 1;
     const Procedure *procedure = find_procedure(name);
     Answer answer;

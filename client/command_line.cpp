@@ -23,11 +23,9 @@ constexpr char examples[] =
     "  wlanctl set ssid 2 -- \"-- odd --\"          a value with dashes\n"
     "  printf %s \"$name\" | wlanctl set ssid 2 -   a value kept off the command line\n"
     "  wlanctl --json call get_number_of_entries\n\n"
-    "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure or a scan failed; 2 "
-    "usage;\n"
-    "3 no reply in time; 4 not registered or unreachable; 5 reply not understood; 130 after Ctrl-C, while "
-    "an\n"
-    "action (up, down, scan) goes on.";
+    "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure, a scan failed, doctor\n"
+    "found something broken or diff a difference; 2 usage; 3 no reply in time; 4 not registered or\n"
+    "unreachable; 5 reply not understood; 130 after Ctrl-C, while an action (up, down, scan) goes on.";
 
 constexpr double longest_timeout = 86400;
 

@@ -79,9 +79,9 @@ void visit_portmapper(Visit &visit) {
 }
 
 std::string processes(const std::vector<Daemon> &daemons) {
-    std::vector<pid_t> numbers;
-    for (const Daemon &daemon : daemons)
-        numbers.push_back(daemon.process);
+    std::vector<pid_t> numbers(daemons.size());
+    std::transform(daemons.begin(), daemons.end(), numbers.begin(),
+                   [](const Daemon &daemon) { return daemon.process; });
     return fmt::format("{} {}", numbers.size() == 1 ? "process" : "processes", fmt::join(numbers, ", "));
 }
 
@@ -175,7 +175,8 @@ void visit_settings(Visit &visit) {
         }
         const std::vector<std::string> faults = faults_of_settings(text);
         for (const std::string &fault : faults)
-            visit.add({name, State::warn, fault, fmt::format("mend {}, or wlanctl restore-defaults", path)});
+            visit.add({name, State::warn, fault,
+                       fmt::format("mend {}, or reset it: wlanctl restore-defaults INDEX", path)});
         if (faults.empty())
             visit.add({name, State::ok, "well formed and complete"});
     }

@@ -27,6 +27,7 @@ MISTAKES = [
     ("stations.toml", "size = 236\n", "size = 240\n", "size = 240", r"'wlan_device_t' says 240 bytes, its fields make 236"),
     ("stations.toml", '"wlan_device_t", count', '"wlan_devices_t", count', "fields", r"no type 'wlan_devices_t'"),
     ("stations.toml", 'record = "wlan_device_t"', 'record = "wlan_devices_t"', "result", r"no record 'wlan_devices_t'"),
+    ("protocol.toml", '"BssEnabled",', '"BssEnable",', "lists = ", r"no procedure has the key 'BssEnable'"),
     ("protocol.toml", "[argument.ac]\n", "[arguments.ac]\n", "[arguments.ac]", r"no table is called 'arguments'"),
     ("protocol.toml", 'is = "access_category"', 'is = "access"', "[argument.ac]", r"no value 'access'"),
     ("wps.toml", "[[procedure]]\n", "[value.switch]\nmeaning = 'x'\n[[procedure]]\n", "[value.switch]", r"a second value 'switch'"),

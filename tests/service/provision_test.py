@@ -2,13 +2,18 @@
 
 import json
 import os
+import sys
 import tomllib
 import unittest
 from pathlib import Path
 
-import reference_test as base  # takes BUILD
+from simulated import BIN, BUILD, GATEWAY, TOP, OnTheGateway, make_afresh, run
 
-FILES = [base.GATEWAY / "settings" / name for name in ("ZAV75024g.dat", "ZAV750.dat")]
+sys.path += [str(TOP / "protocol"), str(BUILD / "protocol" / "python")]
+import wlan_config  # noqa: E402
+from generator import model  # noqa: E402
+
+FILES = [GATEWAY / "settings" / name for name in ("ZAV75024g.dat", "ZAV750.dat")]
 LOCK = Path("/tmp/nvram_set_lock")
 # Settings of another gateway: what is put back is to be as it was, but for what the import names.
 OTHER = r"""set ssid zvi01 'Q"\ # ä'   # a comment
@@ -41,19 +46,16 @@ set air_time_bssid_weight zvi00 21
 
 
 def wlanctl(*words, **options):
-    return base.run(base.BIN / "wlanctl", *words, **options)
+    return run(BIN / "wlanctl", *words, **options)
 
 
 def stored():
     return [path.read_bytes() for path in FILES]
 
 
-class Provisioning(unittest.TestCase):
-    setUpClass = classmethod(base.OnTheGateway.setUpClass.__func__)
-    tearDownClass = classmethod(base.OnTheGateway.tearDownClass.__func__)
-
+class Provisioning(OnTheGateway):
     def setUp(self):
-        base.make_afresh()
+        make_afresh()
         self.factory = stored()
         Path("/tmp/factory.toml").write_text(wlanctl("--show-secrets", "export").stdout)
 
@@ -70,9 +72,9 @@ class Provisioning(unittest.TestCase):
     def test_an_export_holds_every_setting_and_changes_nothing(self):
         file = tomllib.loads(Path("/tmp/factory.toml").read_text())
         self.assertEqual([(scope, len(places)) for scope, places in file.items()], [("radio", 2), ("bss", 16)])
-        pairs = {each.name.removeprefix("wlan_get_") for each in base.model.load(base.TOP / "protocol").procedures
+        pairs = {each.name.removeprefix("wlan_get_") for each in model.load(TOP / "protocol").procedures
                  if each.scope == "BSS" and each.result.kind != "record"
-                 and base.wlan_config.PROCEDURES.get(each.name.replace("_get_", "_set_", 1)) and "_get_" in each.name}
+                 and wlan_config.PROCEDURES.get(each.name.replace("_get_", "_set_", 1)) and "_get_" in each.name}
         left_out = {"basic_authentication_modes", "basic_encryption_modes", "wep_key_passphrase", "beacon_type", "pre_shared_key",
                     "air_time_sta_weight"}
         self.assertEqual(set(file["bss"]["zvi00"]) - {"encryption_level", "mac_address_control_list"}, pairs - left_out)
@@ -85,7 +87,7 @@ class Provisioning(unittest.TestCase):
             ran = wlanctl("import", self.write(text))
             self.assertEqual((ran.stdout, ran.stderr, ran.returncode), ("unchanged\n", "", 0))
         self.assertEqual(wlanctl("diff", "/tmp/factory.toml").stdout, "")
-        self.assertEqual(base.run("sh", "-c", f"{base.BIN}/wlanctl export >/dev/full").returncode, 5)
+        self.assertEqual(run("sh", "-c", f"{BIN}/wlanctl export >/dev/full").returncode, 5)
         self.assertEqual(stored(), self.factory)
 
     def test_a_changed_gateway_becomes_that_of_the_file(self):
@@ -117,7 +119,7 @@ class Provisioning(unittest.TestCase):
         for text, words, status, result, all_as_before in [
                 (refused, ["--all-or-nothing"], 1, "put back", True), (refused, [], 1, "set", False),
                 (strange, ["--all-or-nothing"], 1, "not sent", True), (strange, [], 1, "set", False)]:
-            base.make_afresh()
+            make_afresh()
             told, results = self.changes(*words, self.write(text), status=status)
             self.assertEqual(results["zvi01", "ssid"], result)
             self.assertEqual(len(told["skipped"]), 3 if text == strange else 0, told)
@@ -125,7 +127,7 @@ class Provisioning(unittest.TestCase):
                 self.assertIn("perhaps the key has not 5 or 13 characters", results["zvi01", "wep_key"])
                 self.assertIn("it changes also the same of the radio's other BSSes", results["zvi00", "wmm_apsd"])
             self.assertEqual(wlanctl("diff", "/tmp/factory.toml").returncode == 0, all_as_before)
-        base.make_afresh()
+        make_afresh()
         LOCK.touch()
         self.addCleanup(LOCK.unlink)
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
@@ -159,7 +161,7 @@ class Provisioning(unittest.TestCase):
                                        (["--keep-going"], ["done", "usage", "usage", "a b", "usage", "a b"], 2),
                                        (["--dry-run", "--keep-going"], ["not sent", "usage", "usage", "Gateway-2.4G-2", "usage",
                                                                         "Gateway-2.4G-2"], 2)]:
-            base.make_afresh()
+            make_afresh()
             ran = wlanctl("batch", *words, input=lines)
             told = [json.loads(line) for line in ran.stdout.splitlines()]
             self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)

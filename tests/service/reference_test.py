@@ -12,7 +12,7 @@ import time
 import unittest
 
 sys.dont_write_bytecode = True
-from simulated import BIN, BUILD, TOP, make_afresh, run, start_daemon  # noqa: E402
+from simulated import BIN, BUILD, TOP, OnTheGateway, make_afresh, run  # noqa: E402
 
 MADE = BUILD / "protocol"
 sys.path.insert(0, str(TOP / "protocol"))
@@ -22,17 +22,7 @@ sys.path.insert(0, str(MADE / "python"))
 import wlan_config  # noqa: E402
 
 
-class OnTheGateway(unittest.TestCase):
-    @classmethod
-    def setUpClass(cls):
-        make_afresh()
-        cls.daemon = start_daemon("127.0.0.1")
-
-    @classmethod
-    def tearDownClass(cls):
-        cls.daemon.kill()
-        cls.daemon.wait()
-
+class Reference(OnTheGateway):
     def test_every_example_prints_what_it_says(self):
         for each in model.load(TOP / "protocol").procedures:
             with self.subTest(each.name):

@@ -4,6 +4,7 @@ import shutil
 import subprocess
 import sys
 import time
+import unittest
 from pathlib import Path
 
 TOP = Path(__file__).resolve().parents[2]
@@ -33,3 +34,17 @@ def start_daemon(*arguments, program=BIN / "wlan-configd", **environment):
             return daemon
         time.sleep(0.05)
     raise RuntimeError("the daemon does not answer")
+
+
+class OnTheGateway(unittest.TestCase):
+    """A daemon for all of its tests."""
+
+    @classmethod
+    def setUpClass(cls):
+        make_afresh()
+        cls.daemon = start_daemon("127.0.0.1")
+
+    @classmethod
+    def tearDownClass(cls):
+        cls.daemon.kill()
+        cls.daemon.wait()

@@ -57,13 +57,9 @@ Finding check_started(const Connection &connection) {
     return initialised.applies == false ? initialised : Finding{};
 }
 
-bool is_this_gateway(const Connection &connection) {
-    return connection.host == "localhost" || connection.host.starts_with("127.");
-}
-
 Finding check_lock(const Connection &connection) {
     struct stat status {};
-    if (!is_this_gateway(connection))
+    if (!is_this_machine(connection))
         return {};
     if (stat(lock_file, &status) != 0)
         return {false};
@@ -75,7 +71,7 @@ Finding check_lock(const Connection &connection) {
 // Only where the environment names the folder as it does for the daemon.
 Finding check_folder(const Connection &connection) {
     const char *folder = std::getenv("zav_cfg_dir");
-    if (!is_this_gateway(connection) || folder == nullptr)
+    if (!is_this_machine(connection) || folder == nullptr)
         return {};
     for (const char *file : {"ZAV75024g.dat", "ZAV750.dat"})
         if (const std::string path = fmt::format("{}/{}", folder, file);

@@ -132,6 +132,10 @@ Error find_daemon(Connection &connection) {
     return connection.address.sin_port == 0 ? locate(connection) : Error{};
 }
 
+bool is_this_machine(const Connection &connection) {
+    return connection.host == "localhost" || connection.host.starts_with("127.");
+}
+
 void call(Connection &connection, std::span<Question> questions) {
     if (Error error = find_daemon(connection)) {
         for (Question &question : questions)

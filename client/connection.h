@@ -35,6 +35,9 @@ struct Answer {
 // Finds the address, if that has not been done. The calls do so, too.
 Error find_daemon(Connection &connection);
 
+// Whether the daemon is on this machine, as far as the name of the host tells.
+bool is_this_machine(const Connection &connection);
+
 // One call, and what came of it.
 struct Question {
     const Procedure *procedure;

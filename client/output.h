@@ -30,6 +30,10 @@ struct Subject {
     std::string interface {};
 };
 
+// The value that the answer, no failure, has: a number, a text of any bytes, or an object of the record's
+// fields.
+Json value_of(const Procedure &procedure, const Answer &answer);
+
 // All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});
@@ -41,3 +45,5 @@ void print_call(const Output &output, const Procedure &procedure, const Values &
 int print_error(const Output &output, const Error &error, const Procedure *procedure = nullptr);
 void print_error_json(Trouble trouble, const std::string &message, const Procedure *procedure,
                       const int *code, const Json &causes);
+// The form that every failure has in JSON.
+Json error_json(const Error &error, const Procedure *procedure, const int *code, const Json &causes);

@@ -15,6 +15,7 @@ struct Output {
     bool raw = false;
     bool show_secrets = false;          // else only --raw shows them
     bool header = true;                 // of tables
+    bool one_line_a_row = false;        // of tables: where the terminal is too narrow, the end is cut
     std::vector<std::string> columns{}; // of tables, chosen by name; none: all
 };
 

@@ -37,7 +37,7 @@ int print_picture(const Output &output, const Picture &picture) {
     fmt::print("{}", picture.text);
     for (std::size_t i = 0; i < picture.tables.size(); ++i) {
         const bool last = i + 1 == picture.tables.size();
-        if (i > 0 || !picture.text.empty())
+        if (i > 0)
             fmt::print("\n");
         if (const int status = print_table(last ? output : whole, picture.tables[i]); status != 0)
             return status;
@@ -47,7 +47,8 @@ int print_picture(const Output &output, const Picture &picture) {
 
 void fit(Picture &picture, std::size_t lines) {
     auto &[text, tables, value] = picture;
-    auto used = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 2 * tables.size();
+    auto used = static_cast<std::size_t>(std::count(text.begin(), text.end(), '\n')) + 2 * tables.size() -
+                (tables.empty() ? 0 : 1); // headings, and blank lines between
     for (const Table &table : tables)
         used += table.rows.size();
     std::size_t excess = used > lines ? used - lines : 0, gone = 0;

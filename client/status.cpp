@@ -1,7 +1,6 @@
 #include "client/status.h"
 
 #include "client/daemon_process.h"
-#include "client/snapshot.h"
 
 #include <algorithm>
 #include <ctime>
@@ -42,8 +41,7 @@ Json wps_of(const Snapshot &gateway, std::int64_t index) {
 }
 
 Json scan_of(const Snapshot &gateway, std::int64_t index) {
-    constexpr const char *names[] = {"none", "running", "failed", "finished"};
-    const Json status = name_in(names, gateway.value("ap_scan_status", index));
+    const Json status = scan_status_of(gateway, index);
     const Json entries =
         status == "finished" ? gateway.value("ap_scan_num_of_entries", index) : Json(nullptr);
     return {{"status", status}, {"neighbours", entries}};
@@ -146,6 +144,11 @@ std::string daemon_line(const Connection &connection, const Json &daemon) {
 }
 
 } // namespace
+
+Json scan_status_of(const Snapshot &gateway, std::int64_t index) {
+    constexpr const char *names[] = {"none", "running", "failed", "finished"};
+    return name_in(names, gateway.value("ap_scan_status", index));
+}
 
 Error take_status(Context &context, Picture &ret_picture) {
     if (Error error = find_names(context.connection, context.gateway))

@@ -40,22 +40,24 @@ struct Watched {
     std::map<std::string, Reading> readings{};
 };
 
-// One interface of those that are watched, for each radio or of each interface.
+// The interfaces that are watched, or the first ones of their radios, which stand for these.
 Error find_watched(Watched &watched, bool radios, std::vector<std::int64_t> &ret_indexes) {
     Context &context = watched.context;
     context.gateway = {}; // a restart may change it
     if (Error error = find_names(context.connection, context.gateway))
         return error;
-    if (!watched.index.empty()) {
-        Values found;
-        if (Error error = take_arguments(context, *find_procedure("wlan_get_status"), watched.index, found))
+    Values given;
+    if (!watched.index.empty())
+        if (Error error = take_arguments(context, *find_procedure("wlan_get_status"), watched.index, given))
             return error;
-        ret_indexes.push_back(found.list.front().number);
-        return {};
+    for (const Radio &radio : radios_of(context.gateway)) {
+        std::vector<std::int64_t> chosen = radio.interfaces;
+        if (!given.list.empty())
+            std::erase_if(chosen, [&](std::int64_t index) { return index != given.list[0].number; });
+        if (radios && !chosen.empty())
+            chosen = {radio.interfaces.front()};
+        ret_indexes.insert(ret_indexes.end(), chosen.begin(), chosen.end());
     }
-    for (const Radio &radio : radios_of(context.gateway))
-        ret_indexes.insert(ret_indexes.end(), radio.interfaces.begin(),
-                           radios ? radio.interfaces.begin() + 1 : radio.interfaces.end());
     return {};
 }
 
@@ -76,14 +78,14 @@ Error watch_stations(Watched &watched, Picture &ret_picture) {
     ret_picture.value = Json::array();
     for (const std::int64_t index : radios)
         for (Json station : gateway.field("assoc_devices_table", index, "devices")) {
+            const std::int64_t bss = index + station["bss_from_0"].get<std::int64_t>();
             station["radio"] = band_of(name_of(watched.context.gateway, index));
+            station["interface"] = name_of(watched.context.gateway, bss);
             ret_picture.value.push_back(std::move(station));
         }
-    ret_picture.tables = {table_of(ret_picture.value, {{"RADIO", "radio"},
-                                                       {"BSS FROM 0", "bss_from_0"},
-                                                       {"MAC", "mac"},
-                                                       {"RSSI (dBm)", "rssi"},
-                                                       {"NAME", "name"}})};
+    ret_picture.tables = {
+        table_of(ret_picture.value,
+                 {{"INTERFACE", "interface"}, {"MAC", "mac"}, {"RSSI (dBm)", "rssi"}, {"NAME", "name"}})};
     return {};
 }
 
@@ -136,8 +138,8 @@ Error watch_stats(Watched &watched, Picture &ret_picture) {
                                                        {"STATIONS", "associations"},
                                                        {"SENT (B/s)", counted[0].rate},
                                                        {"RECEIVED (B/s)", counted[1].rate},
-                                                       {"PACKETS SENT (/s)", counted[2].rate},
-                                                       {"PACKETS RECEIVED (/s)", counted[3].rate}})};
+                                                       {"PKTS SENT (/s)", counted[2].rate},
+                                                       {"PKTS RECEIVED (/s)", counted[3].rate}})};
     return {};
 }
 
@@ -152,28 +154,31 @@ Error watch_scan(Watched &watched, Picture &ret_picture) {
             gateway.want(name, index);
     if (Error error = gateway.take(watched.context.connection))
         return error;
+    Json heard = Json::array();
     ret_picture.value = Json::array();
     for (const std::int64_t index : radios) {
-        constexpr const char *states[] = {"no scan yet", "scanning", "the scan failed", "scanned"};
         const std::string radio = band_of(name_of(watched.context.gateway, index));
-        const Json &state = gateway.value("ap_scan_status", index);
         const Json &entries = gateway.field("ap_scan_result", index, "entries");
         const Json &own = gateway.value("current_channel", index);
-        const Json status = state.is_null() ? state : Json(states[state.get<std::size_t>() % 4]);
+        const Json status = scan_status_of(gateway, index);
         ret_picture.value.push_back(
             {{"radio", radio}, {"status", status}, {"channel", own}, {"entries", entries}});
-        ret_picture.text += fmt::format("{}: {}\n", radio, cell_of(status));
-        if (watched.context.options.chart && state == 3 && !entries.is_null()) {
-            const Band band{radio, entries, own.is_null() ? -1 : own.get<std::int64_t>()};
-            ret_picture.text += chart_of(band, width_of_terminal());
-        } else if (!watched.context.options.chart) {
-            ret_picture.tables.push_back(table_of(entries, {{"BSSID", "bssid"},
-                                                            {"CHANNEL", "channel"},
-                                                            {"SIGNAL (dBm)", "signal"},
-                                                            {"SECURITY", "security"},
-                                                            {"SSID", "ssid"}}));
+        ret_picture.text += fmt::format("{}: the last scan: {}\n", radio, cell_of(status));
+        if (watched.context.options.chart && status == "finished" && !entries.is_null())
+            ret_picture.text +=
+                chart_of({radio, entries, own.is_null() ? -1 : own.get<std::int64_t>()}, width_of_terminal());
+        for (Json each : entries) {
+            each["radio"] = radio;
+            heard.push_back(std::move(each));
         }
     }
+    if (!watched.context.options.chart)
+        ret_picture.tables = {table_of(heard, {{"RADIO", "radio"},
+                                               {"BSSID", "bssid"},
+                                               {"CHANNEL", "channel"},
+                                               {"SIGNAL (dBm)", "signal"},
+                                               {"SECURITY", "security"},
+                                               {"SSID", "ssid"}})};
     return {};
 }
 
@@ -191,7 +196,9 @@ std::string moment(std::time_t time) { return fmt::format("{:%FT%TZ}", fmt::gmti
 class Screen {
 public:
     Screen(const Output &output, std::string what, double interval)
-        : output_(output), what_(std::move(what)), interval_(interval) {}
+        : output_(output), what_(std::move(what)), interval_(interval) {
+        output_.one_line_a_row = true;
+    }
 
     int show(const Error &error, const Picture &picture) {
         if (!error)
@@ -206,18 +213,18 @@ public:
 private:
     // A line a change.
     int show_line(const Error &error) {
-        Json line{{"watch", what_}};
+        Json content = Json::object();
         if (error) {
-            line["no_reply_since"] = moment(silent_since_);
-            line["error"] = error_json(error, nullptr, nullptr, Json::array());
+            content["no_reply_since"] = moment(silent_since_);
+            content["error"] = error_json(error, nullptr, nullptr, Json::array());
         } else {
-            line["value"] = last_.value;
+            content["value"] = last_.value;
         }
-        const bool same = error ? shown_.contains("error") : line == shown_;
-        if (same)
+        if (error ? shown_.contains("error") : content == shown_)
             return 0;
-        shown_ = line;
-        line["time"] = moment(std::time(nullptr));
+        shown_ = content;
+        Json line{{"time", moment(std::time(nullptr))}, {"watch", what_}};
+        line.update(content);
         print_json(line);
         return 0;
     }
@@ -227,8 +234,8 @@ private:
         picture.text.insert(0, fmt::format("wlanctl watch {}, every {} s, {}\n", what_, interval_,
                                            moment(std::time(nullptr))));
         if (error)
-            picture.text.insert(0, fmt::format("no reply since {}: {}\n", moment(silent_since_),
-                                               shown_on(stdout, error.message)));
+            picture.text.insert(0, fmt::format("no reply since {}:\n  {}\n", moment(silent_since_),
+                                               wrapped(shown_on(stdout, error.message), 2)));
         if (is_terminal(stdout)) {
             fit(picture, height_of_terminal() - 1);
             fmt::print("\x1b[H\x1b[2J");

@@ -35,20 +35,24 @@ def make_afresh():
     shutil.copy(TOP / "sim" / "factory" / "ZAV750vlan.dat", "/tmp/ZAV750vlan.dat")
 
 
+def start_daemon():
+    given = run("sh", "-c", f". {GATEWAY}/env && env").stdout.split("\n")
+    environment = dict(line.split("=", 1) for line in given if "=" in line)
+    environment["LD_PRELOAD"] = str(BUILD / "lib" / "libzav_sim.so")
+    daemon = subprocess.Popen([BIN / "wlan-configd", "127.0.0.1"], env=environment,
+                              stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
+    for _ in range(100):
+        if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
+            return daemon
+        time.sleep(0.05)
+    raise RuntimeError("the daemon does not answer")
+
+
 class OnTheGateway(unittest.TestCase):
     @classmethod
     def setUpClass(cls):
         make_afresh()
-        given = run("sh", "-c", f". {GATEWAY}/env && env").stdout.split("\n")
-        environment = dict(line.split("=", 1) for line in given if "=" in line)
-        environment["LD_PRELOAD"] = str(BUILD / "lib" / "libzav_sim.so")
-        cls.daemon = subprocess.Popen([BIN / "wlan-configd", "127.0.0.1"], env=environment,
-                                      stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL)
-        for _ in range(100):
-            if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
-                return
-            time.sleep(0.05)
-        raise RuntimeError("the daemon does not answer")
+        cls.daemon = start_daemon()
 
     @classmethod
     def tearDownClass(cls):

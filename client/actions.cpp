@@ -1,30 +1,22 @@
 #include "client/commands.h"
 
+#include "client/chart.h"
 #include "client/exchange.h"
 #include "client/lookup.h"
+#include "client/waiting.h"
 
 #include <algorithm>
 #include <array>
-#include <csignal>
 #include <cstdio>
 #include <fmt/format.h>
-#include <poll.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr std::int64_t scan_running = 1, scan_finished = 3;
-constexpr int poll_interval = 250; // milliseconds
 // How long the platform's scripts may take before the daemon answers, and how long it may be silent while an
 // action is watched.
 constexpr Seconds short_patience{usual_patience}, long_patience{600}, restart_patience{120};
 constexpr int polls_of_a_restart = 8; // two seconds
-
-const Clock::time_point begun = Clock::now();
-
-volatile std::sig_atomic_t interrupted = 0;
-
-extern "C" void interrupt(int) { interrupted = 1; }
 
 constexpr int low_band = 1, high_band = 2;
 
@@ -35,47 +27,6 @@ struct Radios {
 };
 constexpr std::array radios{Radios{"dual", 245, low_band | high_band}, Radios{"24", 24, low_band},
                             Radios{"5", 5, high_band}};
-
-// While it lives, calls by its connection show on a terminal what is done and for how long already, and
-// Ctrl-C ends them instead of the program. (A signal that whoever started the program ignores stays ignored.)
-class Waiting {
-public:
-    Waiting(Connection daemon, const char *doing) : connection(std::move(daemon)), doing_(doing) {
-        struct sigaction action {};
-        action.sa_handler = interrupt;
-        sigaction(SIGINT, nullptr, &before_);
-        if (before_.sa_handler != SIG_IGN)
-            sigaction(SIGINT, &action, nullptr);
-        connection.goes_on = [this] { return goes_on(); };
-    }
-    Waiting(const Waiting &) = delete;
-    Waiting &operator=(const Waiting &) = delete;
-    ~Waiting() {
-        if (shown_)
-            std::fputs("\r\x1b[K", stderr);
-        sigaction(SIGINT, &before_, nullptr);
-    }
-
-    bool goes_on() const {
-        const auto elapsed = std::chrono::duration_cast<std::chrono::seconds>(Clock::now() - begun);
-        if (shown_)
-            fmt::print(stderr, "\r{} ... {} s\x1b[K", doing_, elapsed.count());
-        return interrupted == 0;
-    }
-    // Between two calls; the signal cuts it short.
-    bool goes_on_after_a_while() const {
-        if (goes_on())
-            ::poll(nullptr, 0, poll_interval);
-        return interrupted == 0;
-    }
-
-    Connection connection;
-
-private:
-    const char *doing_;
-    bool shown_ = isatty(STDERR_FILENO) == 1;
-    struct sigaction before_ {};
-};
 
 Error ask_visibly(Connection connection, const Procedure &procedure, const Values &arguments,
                   const char *doing, Seconds patience, Answer &ret_answer) {
@@ -165,6 +116,21 @@ int print_refusal(Context &context, Scan &scan, const Answer &refusal) {
     if (busy)
         return print_error(context.output, {Trouble::failed, "this radio is being scanned already"});
     return print_outcome(context, *scan.begin, scan.index, refusal);
+}
+
+int print_chart(Context &context, const Scan &scan, const Answer &result) {
+    Band band{{}, value_of(*scan.result, result)["entries"]};
+    Answer channel;
+    if (Error error =
+            ask(context.connection, *find_procedure("wlan_get_current_channel"), scan.index, channel))
+        return print_error(context.output, error);
+    if (Error error = find_names(context.connection, context.gateway))
+        return print_error(context.output, error);
+    if (channel.code >= 0)
+        band.own = channel.numbers.at(0);
+    band.name = band_of(name_of(context.gateway, scan.index.list.front().number));
+    fmt::print("{}", chart_of(band, width_of_terminal()));
+    return 0;
 }
 
 } // namespace
@@ -269,6 +235,8 @@ int scan(Context &context, const Words &words) {
         if (Error error = ask(connection, *scan.status, scan.index, status))
             return print_error(output, error);
     } while (scans(status));
+    if (context.options.chart && !output.json && result.code >= 0)
+        return print_chart(context, scan, result);
     return print_outcome(context, *scan.result, scan.index, result);
 }
 

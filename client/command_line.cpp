@@ -27,7 +27,7 @@ constexpr char examples[] =
     "found something broken or diff a difference; 2 usage; 3 no reply in time; 4 not registered or\n"
     "unreachable; 5 reply not understood; 130 after Ctrl-C, while an action (up, down, scan) goes on.";
 
-constexpr double longest_timeout = 86400;
+constexpr double longest_timeout = 86400, shortest_interval = 0.25;
 
 // The arguments of calls are kept out of the parser, which gives brackets and commas a meaning of its own.
 struct WithArguments : CLI::Formatter {
@@ -35,6 +35,8 @@ struct WithArguments : CLI::Formatter {
         std::string usage = CLI::Formatter::make_usage(app, std::move(name));
         if (app->get_option_no_throw("NAME") != nullptr && app->get_name() != "describe")
             usage.insert(usage.find_last_not_of('\n') + 1, " ARG...");
+        if (app->get_option_no_throw("WHAT") != nullptr)
+            usage.insert(usage.find_last_not_of('\n') + 1, " [INDEX]");
         return usage;
     }
 };
@@ -54,7 +56,12 @@ void add(CommandLine &line, const Subcommand &subcommand) {
         added->add_option(subcommand.argument, line.first, subcommand.meaning)
             ->required(subcommand.takes != Takes::one_at_most);
     for (const Flag &flag : subcommand.flags)
-        added->add_flag(flag.name, line.context.options.*flag.says, flag.help);
+        if (flag.seconds == nullptr)
+            added->add_flag(flag.name, line.context.options.*flag.says, flag.help);
+        else
+            added->add_option(flag.name, line.context.options.*flag.seconds, flag.help)
+                ->check(CLI::Range(shortest_interval, longest_timeout))
+                ->capture_default_str();
     std::string footer = fmt::format("Examples:\n  {}", subcommand.examples);
     footer.replace(footer.rfind('\n'), 1, "\n  ");
     added->footer(footer +

@@ -18,6 +18,8 @@ struct Options {
     bool yes = false;            // to what resets settings
     bool all_or_nothing = false; // put everything back after a failure
     bool keep_going = false;     // after a line that failed
+    bool chart = false;          // a picture of the band in place of the table
+    double interval = 2;         // seconds from one look to the next
     bool input_taken = false;    // standard input has the lines of a batch
 };
 
@@ -55,6 +57,16 @@ int down(Context &context, const Words &words);
 // Put settings back to those of the factory.
 int restore_defaults(Context &context, const Words &words);
 int wps_oob(Context &context, const Words &words);
+
+// The gateway on one screen; what cannot be read is a dash, or null.
+int status(Context &context, const Words &words);
+// Shows what the words name (status, stations, stats, scan; of an interface where one follows) again and
+// again: on a terminal afresh, in JSON a line a change. A daemon that goes away after the first look is
+// waited for; Ctrl-C ends it with 130.
+int watch(Context &context, const Words &words);
+// All that is counted and measured, in Prometheus' text format. Where the daemon does not answer, wlan_up is
+// 0 and the status that of the error.
+int metrics(Context &context, const Words &words);
 
 // Surveys the radio of the interface, waits for the end and prints the neighbours.
 int scan(Context &context, const Words &words);

@@ -53,3 +53,16 @@ std::string name_of(const Gateway &gateway, std::int64_t index) {
 }
 
 const char *band_of(std::string_view name) { return name.starts_with("zvi") ? "2.4 GHz" : "5 GHz"; }
+
+std::vector<Radio> radios_of(const Gateway &gateway) {
+    std::vector<Radio> radios;
+    for (std::int64_t index = 1; gateway.names && index <= *gateway.entries; ++index) {
+        const std::string &name = gateway.names->at(static_cast<std::size_t>(index - 1));
+        if (name.empty())
+            continue;
+        if (radios.empty() || radios.back().band != band_of(name))
+            radios.push_back({band_of(name), {}});
+        radios.back().interfaces.push_back(index);
+    }
+    return radios;
+}

@@ -25,3 +25,11 @@ std::string name_of(const Gateway &gateway, std::int64_t index);
 
 // What drives the interface of that name, for people: "2.4 GHz" or "5 GHz".
 const char *band_of(std::string_view name);
+
+struct Radio {
+    std::string band;                     // for people
+    std::vector<std::int64_t> interfaces; // their indexes; the first one stands for the radio
+};
+
+// The radios whose interfaces have names.
+std::vector<Radio> radios_of(const Gateway &gateway);

@@ -109,6 +109,40 @@ std::vector<Daemon> find_daemons() {
     return daemons;
 }
 
+std::optional<Daemon> find_only_daemon() {
+    std::vector<Daemon> daemons = find_daemons();
+    return daemons.size() == 1 ? std::optional(std::move(daemons.front())) : std::nullopt;
+}
+
+// Out of the program that runs, which an update may have replaced meanwhile. It is read, not run: anybody may
+// call a program so.
+std::string version_of(const Daemon &daemon) {
+    const std::string image = content_of(fmt::format("/proc/{}/exe", daemon.process)).value_or(""),
+                      before = fmt::format("{} ", program);
+    for (std::size_t at = image.find(before); at != image.npos; at = image.find(before, at + 1)) {
+        const std::size_t begin = at + before.size(), end = image.find_first_not_of("0123456789.", begin);
+        if (end != image.npos && end > begin && image[end] == '\n')
+            return image.substr(begin, end - begin);
+    }
+    return {};
+}
+
+// The machine's start and the process's own, counted from there in ticks, the twentieth word behind its name.
+std::int64_t start_of(const Daemon &daemon) {
+    std::istringstream words(content_of(fmt::format("/proc/{}/stat", daemon.process)).value_or(""));
+    words.ignore(4096, ')');
+    std::string skipped;
+    for (int i = 0; i < 19; ++i)
+        words >> skipped;
+    const std::string machine = content_of("/proc/stat").value_or(""), before = "\nbtime ";
+    const std::size_t at = machine.find(before);
+    std::int64_t ticks = 0, boot = 0;
+    if (!(words >> ticks) || at == machine.npos)
+        return 0;
+    std::istringstream(machine.substr(at + before.size())) >> boot;
+    return boot + ticks / sysconf(_SC_CLK_TCK);
+}
+
 std::vector<in_addr_t> addresses_of_port(std::uint16_t port) {
     std::vector<in_addr_t> addresses;
     std::istringstream sockets(content_of("/proc/net/udp").value_or(""));

@@ -25,6 +25,12 @@ struct Daemon {
     std::optional<std::string> variable(std::string_view name) const;
 };
 std::vector<Daemon> find_daemons();
+// Nothing where none runs, or several do.
+std::optional<Daemon> find_only_daemon();
+// What its program says of itself; empty where that cannot be read (it is root's).
+std::string version_of(const Daemon &daemon);
+// Seconds since 1970; 0 where it is not told.
+std::int64_t start_of(const Daemon &daemon);
 
 // The IPv4 addresses, in network order, on which sockets listen at that UDP port.
 std::vector<in_addr_t> addresses_of_port(std::uint16_t port);

@@ -68,14 +68,10 @@ void add_value(Json &object, const Output &output, const Procedure &procedure, c
     if (is_masked(output, procedure)) {
         object["value"] = nullptr;
         object["masked"] = true;
-    } else if (procedure.result == Result::text) {
-        object["value"] = answer.text;
-        if (!is_utf8(answer.text))
-            object["value_hex"] = hexadecimal(answer.text);
-    } else if (const auto fields = knowledge_of(procedure).fields; !fields.empty()) {
-        add_fields(object["value"] = Json::object(), fields, image_of(answer));
     } else {
-        object["value"] = answer.numbers.at(0);
+        object["value"] = value_of(procedure, answer);
+        if (procedure.result == Result::text && !is_utf8(answer.text))
+            object["value_hex"] = hexadecimal(answer.text);
     }
 }
 
@@ -192,6 +188,17 @@ const char *name_of(Trouble trouble) {
 
 } // namespace
 
+Json value_of(const Procedure &procedure, const Answer &answer) {
+    const auto fields = knowledge_of(procedure).fields;
+    if (procedure.result == Result::text)
+        return answer.text;
+    if (fields.empty())
+        return answer.numbers.at(0);
+    Json object = Json::object();
+    add_fields(object, fields, image_of(answer));
+    return object;
+}
+
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject, const Acts &acts) {
     if (!output.json && has_value(procedure))
@@ -243,11 +250,15 @@ int print_error(const Output &output, const Error &error, const Procedure *proce
     return static_cast<int>(error.trouble);
 }
 
+Json error_json(const Error &error, const Procedure *procedure, const int *code, const Json &causes) {
+    Json object{{"kind", name_of(error.trouble)}, {"message", error.message}};
+    object["procedure"] = procedure == nullptr ? Json(nullptr) : Json(procedure->name);
+    object["code"] = code == nullptr ? Json(nullptr) : Json(*code);
+    object["causes"] = causes;
+    return object;
+}
+
 void print_error_json(Trouble trouble, const std::string &message, const Procedure *procedure,
                       const int *code, const Json &causes) {
-    Json error{{"kind", name_of(trouble)}, {"message", message}};
-    error["procedure"] = procedure == nullptr ? Json(nullptr) : Json(procedure->name);
-    error["code"] = code == nullptr ? Json(nullptr) : Json(*code);
-    error["causes"] = causes;
-    print_json({{"error", error}});
+    print_json({{"error", error_json({trouble, message}, procedure, code, causes)}});
 }

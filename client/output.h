@@ -15,6 +15,7 @@ struct Output {
     bool raw = false;
     bool show_secrets = false;          // else only --raw shows them
     bool header = true;                 // of tables
+    bool one_line_a_row = false;        // of tables: where the terminal is too narrow, the end is cut
     std::vector<std::string> columns{}; // of tables, chosen by name; none: all
 };
 
@@ -30,6 +31,10 @@ struct Subject {
     std::string interface {};
 };
 
+// The value that the answer, no failure, has: a number, a text of any bytes, or an object of the record's
+// fields.
+Json value_of(const Procedure &procedure, const Answer &answer);
+
 // All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});
@@ -41,3 +46,5 @@ void print_call(const Output &output, const Procedure &procedure, const Values &
 int print_error(const Output &output, const Error &error, const Procedure *procedure = nullptr);
 void print_error_json(Trouble trouble, const std::string &message, const Procedure *procedure,
                       const int *code, const Json &causes);
+// The form that every failure has in JSON.
+Json error_json(const Error &error, const Procedure *procedure, const int *code, const Json &causes);

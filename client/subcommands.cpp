@@ -7,6 +7,8 @@ constexpr Flag dry_run{"--dry-run", "show the calls and send nothing that change
                        &Options::dry_run};
 constexpr Flag with_restart{"--restart", "restart what the change needs, once, and wait", &Options::restart};
 constexpr Flag yes{"--yes", "reset settings also on a terminal", &Options::yes};
+constexpr Flag chart{"--chart", "draw the band in place of the table", &Options::chart};
+constexpr Flag interval{"--interval", "seconds from one look to the next", nullptr, &Options::interval};
 
 constexpr Flag of_calls[] = {force, dry_run, yes};
 constexpr Flag of_get[] = {force};
@@ -20,6 +22,8 @@ constexpr Flag of_import[] = {
 constexpr Flag of_batch[] = {
     dry_run, {"--keep-going", "run the lines behind one that failed, too", &Options::keep_going}};
 constexpr char file_meaning[] = "of settings, or - for standard input";
+constexpr Flag of_scan[] = {force, chart};
+constexpr Flag of_watch[] = {interval, chart};
 
 constexpr char interface[] = "the interface, by its number or its name";
 
@@ -66,8 +70,27 @@ constexpr Subcommand table[] = {
     {"restart", "Restart the interfaces of a radio", Takes::one, "INDEX",
      "any interface of the radio, by its number or its name, or all", of_get,
      "wlanctl restart zv00\nwlanctl restart all", restart, "all"},
+    {"status",
+     "Show the gateway on one screen",
+     Takes::nothing,
+     "",
+     "",
+     {},
+     "wlanctl status\nwlanctl --json status",
+     status},
+    {"watch", "Show status, stations, stats or scan again and again", Takes::several, "WHAT",
+     "status, stations, stats or scan (the last one, begun by somebody else)", of_watch,
+     "wlanctl watch stats zv00\nwlanctl --json watch stations --interval 10", watch},
+    {"metrics",
+     "Print all counters and measurements in Prometheus' text format",
+     Takes::nothing,
+     "",
+     "",
+     {},
+     "wlanctl metrics\nwlanctl --host 192.168.1.1 metrics",
+     metrics},
     {"scan", "Survey the radio of an interface and show its neighbours", Takes::one, "INDEX", interface,
-     of_get, "wlanctl scan zv00\nwlanctl --columns channel,signal scan 1", scan},
+     of_scan, "wlanctl scan zv00 --chart\nwlanctl --columns channel,signal scan 1", scan},
     {"stations", "Show the associated stations of a radio", Takes::one, "INDEX", any_of_radio, of_get,
      "wlanctl stations zvi00\nwlanctl --json stations 9", stations},
     {"stats", "Show the counters of an interface", Takes::one, "INDEX", interface, of_get,

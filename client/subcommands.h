@@ -9,6 +9,7 @@
 struct Flag {
     const char *name, *help;
     bool Options::*says;
+    double Options::*seconds = nullptr; // where the flag takes some
 };
 
 enum class Takes : unsigned char { nothing, one_at_most, one, several };

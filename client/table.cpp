@@ -20,11 +20,12 @@ void print_tabbed(const Table &table, bool with_heading) {
         fmt::print("{}\n", fmt::join(row, "\t"));
 }
 
-void print_aligned(libscols_table *aligned, const Table &table, bool with_heading) {
+void print_aligned(libscols_table *aligned, const Table &table, bool with_heading, bool cut) {
     scols_table_enable_noencoding(aligned, 1); // the texts are escaped already
     scols_table_enable_noheadings(aligned, with_heading ? 0 : 1);
     for (const std::string &column : table.heading)
-        scols_table_new_column(aligned, column.c_str(), 0, 0);
+        scols_table_new_column(aligned, column.c_str(), 0,
+                               cut && &column == &table.heading.back() ? SCOLS_FL_TRUNC : 0);
     for (const Row &row : table.rows) {
         libscols_line *line = scols_table_new_line(aligned, nullptr);
         for (std::size_t i = 0; line != nullptr && i < row.size(); ++i)
@@ -77,6 +78,6 @@ int print_table(const Output &output, const Table &whole) {
     if (aligned == nullptr)
         print_tabbed(table, with_heading);
     else
-        print_aligned(aligned.get(), table, with_heading);
+        print_aligned(aligned.get(), table, with_heading, output.one_line_a_row);
     return 0;
 }

@@ -34,6 +34,12 @@ std::size_t width_of_terminal() {
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 40 ? size.ws_col : usual;
 }
 
+std::size_t height_of_terminal() {
+    constexpr std::size_t usual = 24;
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row > 0 ? size.ws_row : usual;
+}
+
 // Counts bytes: what is wrapped is the description's own English.
 std::string wrapped(std::string_view text, std::size_t indent) {
     const std::size_t width = width_of_terminal() - indent;

@@ -21,7 +21,9 @@ std::string emphasis(std::string_view text);
 
 void print_json(const Json &object);
 
+// Columns and lines; where there is no terminal, 80 and 24.
 std::size_t width_of_terminal();
+std::size_t height_of_terminal();
 
 // The text in lines as wide as the terminal, each but the first behind the indent.
 std::string wrapped(std::string_view text, std::size_t indent);

@@ -9,7 +9,6 @@
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <thread>
 #include <unistd.h>
 
@@ -19,7 +18,7 @@ extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at
     struct stat found {};
     fstat(fd, &found);
     sizes_found.push_back(static_cast<std::size_t>(found.st_size));
-    return syscall(SYS_pwrite64, fd, text, length, at);
+    return pwrite64(fd, text, length, at);
 }
 
 static std::string get(const SettingsFile &file, const std::string &key, std::size_t room = 16384) {

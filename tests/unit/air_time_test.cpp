@@ -1,6 +1,7 @@
 // Air time and weights against hand-made answers of the driver.
 
 #include "api/air_time.h"
+#include "api/radio_statistics.h"
 #include "backend/driver_channel.h"
 #include "driver_double.h"
 #include "observed.h"
@@ -77,6 +78,12 @@ TEST(AirTime, StandsByGroupQueueAndStationUnderTheNumberOfTheDriver) {
         EXPECT_EQ(data.rates[0].value1 | data.value2, 0U) << "cleared before";
     }
     EXPECT_EQ(found, last) << "untouched";
+    std::uint64_t sent = 0; // no row shows what length the driver is told
+    EXPECT_EQ(wlan_getRadioTxPackets(10, &sent), success);
+    EXPECT_EQ(driver::asked.back(), "6 zv01 RadioStat.-o 500");
+    driver::asked.clear();
+    EXPECT_EQ(ZAV_GetAirTimeStats(9, std::make_unique<AirTimeBlock>().get()), success);
+    EXPECT_EQ(driver::asked, Lines{"17 atm5g fairness.-F 5121"});
 }
 
 // The shares of BSSes with these air times in the first and the last category.

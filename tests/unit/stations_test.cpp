@@ -74,6 +74,7 @@ TEST(Stations, ComeAndGoBetweenTheCountAndTheRecord) {
     EXPECT_EQ(std::string(get_device(1, 0).mac_address), "01:02:03:04:05:06");
     give_stations(2, {first, second});
     EXPECT_EQ(std::string(get_device(1, 0).mac_address), "00:02:03:04:05:06");
+    EXPECT_EQ(get_device(1, 0).rssi, 12 + 3) << "three antennas count";
 }
 
 TEST(Stations, HaveAClass) {
@@ -169,6 +170,7 @@ TEST(BasicStats, NeedAKnownKeyAndThePlatformsTools) {
         EXPECT_EQ(std::filesystem::is_regular_file("/tmp/ByteSent"), !plant.ends_with("stays")) << plant;
     }
 
+    ASSERT_EQ(std::system("rm -r /tmp/ByteSent"), 0);
     ASSERT_EQ(setenv("PATH", "/nowhere", 1), 0);
     testing::internal::CaptureStderr();
     EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesSent", &value), failure);

@@ -1,6 +1,6 @@
 // Preloaded into the daemon, before the simulated driver: lets one call of one kind fail, on order.
 
-#include "drills/failing_calls.h"
+#include "failing_calls.h"
 
 #include <cerrno>
 #include <cstdarg>

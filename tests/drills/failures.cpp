@@ -3,7 +3,7 @@
 // of memory; the settings are the old ones or the new ones; no descriptor is lost; and it goes on as if
 // nothing had been.
 
-#include "drills/failing_calls.h"
+#include "sim/failing_calls.h"
 #include "service/gateway.h"
 
 #include <cstdlib>

@@ -3,8 +3,8 @@
 // of memory; the settings are the old ones or the new ones; no descriptor is lost; and it goes on as if
 // nothing had been.
 
-#include "sim/failing_calls.h"
 #include "service/gateway.h"
+#include "sim/failing_calls.h"
 
 #include <cstdlib>
 #include <fcntl.h>

@@ -247,31 +247,6 @@ TEST_F(Lifecycle, RestartsAreMerged) {
     }
 }
 
-TEST_F(Lifecycle, FourClientsStartOneInit) {
-    constexpr int rounds = 4;
-    for (int round = 0; round < rounds; ++round) {
-        ASSERT_EQ(call(load, 245), 0);
-        gateway.fault("script.zv_host.sh.init.hold", "");
-        std::latch ready(4);
-        std::atomic<int> right = 0;
-        std::vector<std::jthread> clients;
-        clients.reserve(4);
-        for (int i = 0; i < 4; ++i)
-            clients.emplace_back([&] {
-                Client own(gateway.port());
-                ready.arrive_and_wait();
-                right += own.code(init) == in_progress;
-            });
-        clients.clear();
-        EXPECT_EQ(right, 4);
-        gateway.repair("script.zv_host.sh.init.hold");
-        EXPECT_EQ(init_result(), 0);
-        EXPECT_EQ(call(reset), 0);
-    }
-    EXPECT_EQ(gateway.count("log", "script zv_host.sh init dual"), rounds);
-    EXPECT_EQ(gateway.count("log", "script zv_host.sh addvlans"), rounds);
-}
-
 // The first init, of one radio, ends while the second runs and must not show anywhere.
 TEST_F(Lifecycle, AResetOvertakesARunningInit) {
     for (const bool second_succeeds : {true, false}) {

@@ -45,7 +45,9 @@ TEST(Command, IsAnsweredInUpTo65535Bytes) {
                            std::as_writable_bytes(std::span(got).first(room)));
     };
     driver::start();
-    driver::answers = {{6, bytes}, {17, bytes}};
+    driver::answers = {{2, ""}, {6, bytes}, {17, bytes}};
+    EXPECT_EQ(ZAV_Set(1, "TxPower=50"), success);
+    EXPECT_EQ(driver::asked, Lines{"2 zvi00 TxPower=50 11"});
     EXPECT_EQ(ask(65535), success);
     EXPECT_EQ(got, bytes + '~');
     EXPECT_EQ(ask(65536), failure);

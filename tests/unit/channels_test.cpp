@@ -200,8 +200,10 @@ TEST(Channels, NoSettingIsLostWhileTheListIsRemoved) {
     EXPECT_EQ(read_file("/tmp/sed_began"), "\n") << "nothing to remove, nothing to run";
 }
 
-TEST(Channels, MessagesFitTheirBuffer) {
-    std::array<char, 12> text{};
-    makeParsingErrorMessage(text, "file", 7, "message");
-    EXPECT_STREQ(text.data(), "file is not");
+// No row shows it: the channel is stored already, and its side is not.
+TEST(Channels, AChangedSideAloneIsAChange) {
+    const std::string lines = "Channel=1\nHT_ExtChList=1;1;1;1;1;0;0;0;0;0;0;0;0\nHT_EXTCHA=";
+    start_with(lines + "0\n", "");
+    EXPECT_EQ(ZAV_SetChannel(1, 1), success);
+    EXPECT_EQ(lines_of(file_24g), lines + "1\n");
 }

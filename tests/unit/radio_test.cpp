@@ -71,5 +71,6 @@ TEST(Radio, ListsHaveNoFieldForASeventeenthBss) {
         EXPECT_EQ(set(17, 1), failure);
     EXPECT_EQ(answer(ZAV_GetMaxStationNum, 17), Answer(failure, 99));
     EXPECT_EQ(read_file(file_24g), lines);
-    EXPECT_EQ(answer(ZAV_GetWmmIcTxOp, 17, 4), Answer(success, 4));
+    EXPECT_EQ(ZAV_SetWmmIcTxOp(17, 4, 70000), success);
+    EXPECT_EQ(answer(ZAV_GetWmmIcTxOp, 17, 4), Answer(success, 70000));
 }

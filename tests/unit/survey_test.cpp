@@ -40,6 +40,37 @@ std::string answered(int index) {
     return {reinterpret_cast<const char *>(&table), sizeof table};
 }
 
+// What stands where in a driver's record and on the wire; a text ends at its zero byte.
+struct Move {
+    std::size_t from, to, width;
+    bool is_text = false;
+};
+constexpr Move moves[] = {
+    {0, 0, 6},           {6, 6, 32, true},    {39, 38, 12},  {51, 50, 1},
+    {52, 51, 12},        {64, 63, 1},         {65, 64, 12},  {80, 79, 1},
+    {81, 80, 1},         {82, 81, 6, true},   {88, 87, 1},   {89, 88, 15, true},
+    {104, 103, 8, true}, {112, 111, 8, true}, {120, 120, 1}, {121, 124, 1},
+};
+
+TEST(Survey, IsConvertedByteForByteAndBounded) {
+    set_up();
+    std::string block(8232, '\xff'), table = std::string("\x40\0\0\0", 4) + std::string(64 * 128, '\0');
+    for (std::size_t i = 1; i < block.size(); ++i) // with zeros at other places of each record
+        block[i] = static_cast<char>(i * 7 % 251);
+    for (std::size_t at = 0; at < 64; ++at) {
+        for (const auto &[from, to, width, is_text] : moves) {
+            std::string field = block.substr(1 + 122 * at + from, width);
+            field.resize(is_text ? std::min(field.find('\0'), width) : width);
+            table.replace(4 + 128 * at + to, field.size(), field);
+        }
+        if (block[1 + 122 * at + 120] < 0) // it is a number, and signed
+            table.replace(4 + 128 * at + 121, 3, "\xff\xff\xff");
+    }
+    publish_survey(Radio::band_24g, *answer_of(block));
+    EXPECT_EQ(answered(on_24g), table);
+    EXPECT_EQ(answered(on_5g), std::string(8196, '\0')) << "the other band's block";
+}
+
 TEST(Survey, IsReadWhole) {
     set_up();
     const std::string ones(8232, '\1'), twos(8232, '\2');

@@ -62,6 +62,7 @@ const char *band_file(Store band) {
 
 Descriptor open_settings(const SettingsFile &file) {
     const char *path = nullptr;
+    errno = ENOENT;
     if (getNvramPath(file.store, &path) != success)
         return Descriptor(-1);
     const int links = path == vlan_file ? O_NOFOLLOW : 0; // anybody may write beside it
@@ -81,6 +82,7 @@ std::optional<std::string_view> read_whole_settings(const Descriptor &file) {
         if (length == stored_text.size() || std::cmp_equal(length, found.st_size))
             return std::string_view(stored_text.data(), length);
     } while (more > 0);
+    errno = EIO;
     return std::nullopt;
 }
 
@@ -105,6 +107,22 @@ std::optional<std::string_view> text_for_get(const SettingsFile &file) {
     return is_shared(file) ? shared_text->text : read_settings(open_settings(file));
 }
 
+// Whether no text can be had because there is no file, or something else in its place. Any other failure may
+// pass, and the change can be finished then.
+bool is_gone(int error) {
+    constexpr int no_file[] = {ENOENT, ENOTDIR, ELOOP,
+                               EISDIR, ENXIO,   EAGAIN}; // the last two: a socket, a FIFO
+    return std::find(std::begin(no_file), std::end(no_file), error) != std::end(no_file);
+}
+
+Finished finish_change_of(const SettingsFile &settings) {
+    const Descriptor file = open_settings(settings);
+    const auto text = file.valid() ? read_whole_settings(file) : std::nullopt;
+    if (text)
+        return finish_change(file.get(), *text);
+    return is_gone(errno) ? Finished::rewritten : Finished::failed;
+}
+
 // Before any other change, a change that was cut off is finished. False after an error line.
 bool settle(const char *who) {
     const auto store = interrupted_store();
@@ -112,12 +130,9 @@ bool settle(const char *who) {
         return true;
     if (is_locked(who))
         return false;
-    const SettingsFile settings{*store, ""};
-    const Descriptor file = open_settings(settings);
+    Finished finished = finish_change_of({*store, ""});
     const char *path = "settings";
     (void)getNvramPath(*store, &path);
-    const auto text = read_whole_settings(file);
-    Finished finished = text ? finish_change(file.get(), *text) : Finished::rewritten;
     if (finished == Finished::rewritten) {
         log_error("[ZAV-API] Error %s a change of %s was cut off, and the file rewritten since\n", who, path);
         finished = forget_change() ? Finished::yes : Finished::failed;
@@ -216,13 +231,13 @@ Status getNvramPath(Store store, const char **ret_path) {
 
 void open_settings_journal() {
     const std::lock_guard held(store_mutex);
-    const char *const directory = std::getenv("STATE_DIRECTORY");
-    if (directory == nullptr)
+    const std::string directory = first_directory("STATE_DIRECTORY");
+    if (directory.empty())
         return;
-    if (open_journal(directory))
+    if (open_journal(directory.c_str()))
         (void)settle(__func__); // what cannot be done now is tried before the next change
     else
-        log_error("[ZAV-API] Error %s no journal in %s: %s\n", __func__, directory, strerror(errno));
+        log_error("[ZAV-API] Error %s no journal in %s: %s\n", __func__, directory.c_str(), strerror(errno));
 }
 
 Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value) {

@@ -4,12 +4,12 @@
 #include "backend/log.h"
 #include "backend/replace_text.h"
 #include "backend/result_file.h"
+#include "backend/text.h"
 
 #include <algorithm>
 #include <array>
 #include <cerrno>
 #include <cstdio>
-#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <string>
@@ -26,12 +26,10 @@ struct Paths {
     std::string record, next;
 };
 
-// Nothing without the variable. Of several directories, as systemd names them, the first.
+// Nothing without the variable.
 const Paths *paths() {
     static const Paths both = [] {
-        const char *variable = std::getenv("RUNTIME_DIRECTORY");
-        std::string directory = variable == nullptr ? "" : variable;
-        directory.resize(std::min(directory.find(':'), directory.size()));
+        const std::string directory = first_directory("RUNTIME_DIRECTORY");
         return directory.empty() ? Paths{} : Paths{directory + "/driver", directory + "/driver.new"};
     }();
     return both.record.empty() ? nullptr : &both;

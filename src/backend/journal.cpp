@@ -31,7 +31,7 @@ struct Change {
     std::size_t old_tail_length() const { return header.old_length - header.beginning; }
 };
 
-int journal = -1;             // open as long as the process
+int journal = -1;             // open as long as the process, or until it is opened again
 std::optional<Change> change; // the one that may stand in part
 
 // FNV-1a
@@ -141,7 +141,8 @@ bool open_journal(const char *directory) {
     if (length < 0)
         return false;
     change = parse_change(std::string_view(record).substr(0, static_cast<std::size_t>(length)));
-    journal = opened.release();
+    if (const int before = std::exchange(journal, opened.release()); before >= 0)
+        close(before);
     return true;
 }
 
@@ -165,9 +166,12 @@ std::optional<Store> interrupted_store() {
 Finished finish_change(int fd, std::string_view text) {
     if (!is_mixture(text))
         return Finished::rewritten;
-    const std::string beginning(text.substr(0, change->header.beginning));
-    if (replace_text(fd, text, beginning + std::string(change->new_tail()), Sync::yes) != Replaced::yes &&
-        replace_text(fd, text, beginning + std::string(change->old_tail()), Sync::yes) != Replaced::yes)
+    const std::string beginning(text.substr(0, change->header.beginning)),
+        finished = beginning + std::string(change->new_tail()),
+        taken_back = beginning + std::string(change->old_tail());
+    // A text that is whole may have been answered for: it stays.
+    if (replace_text(fd, text, finished, Sync::yes) != Replaced::yes &&
+        (text == finished || replace_text(fd, text, taken_back, Sync::yes) != Replaced::yes))
         return Finished::failed;
     return mark_done() ? Finished::yes : Finished::failed;
 }

@@ -8,29 +8,29 @@
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <fcntl.h>
 #include <mutex>
 #include <poll.h>
 #include <string>
 #include <string_view>
+#include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
 constexpr char debug_flag_file[] = "/tmp/wlandbg";
 
-// Where lines go. One that a pipe or a socket does not take at once is lost: whoever reads it slowly, or not
-// at all, must not hold a request up. Not by O_NONBLOCK, which scripts and others that write there would get
-// too.
+// Where lines go. One that a pipe, a socket or a terminal does not take at once is lost: whoever reads it
+// slowly, or not at all, must not hold a request up.
 class Output {
 public:
-    explicit Output(int fd) : fd_(fd) {
-        struct stat kind {};
-        can_stall_ = fstat(fd, &kind) == 0 && (S_ISFIFO(kind.st_mode) || S_ISSOCK(kind.st_mode));
-    }
+    Output(int fd, const char *same) : fd_(fd), same_(same) {}
 
     void write(std::string_view line) {
         const std::lock_guard held(mutex_);
+        look();
         if (lost_ > 0 && !say_lost()) {
             ++lost_;
             return;
@@ -54,15 +54,36 @@ private:
         return true;
     }
 
+    // O_NONBLOCK needs a description of the daemon's own: scripts and others that write there would get it
+    // too.
+    void look() {
+        struct stat found {};
+        if (fstat(fd_, &found) != 0 || (found.st_dev == seen_.st_dev && found.st_ino == seen_.st_ino))
+            return;
+        seen_ = found;
+        if (own_ >= 0)
+            close(std::exchange(own_, -1));
+        const bool can_stall = S_ISFIFO(found.st_mode) || isatty(fd_) != 0;
+        if (can_stall)
+            own_ = open(same_, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+        must_ask_ = can_stall && own_ < 0;
+    }
+
+    bool has_room() const {
+        pollfd room{fd_, POLLOUT, 0};
+        return poll(&room, 1, 0) == 1;
+    }
+
+    ssize_t put(std::string_view text) const {
+        return S_ISSOCK(seen_.st_mode) ? send(fd_, text.data(), text.size(), MSG_DONTWAIT | MSG_NOSIGNAL)
+                                       : ::write(own_ < 0 ? fd_ : own_, text.data(), text.size());
+    }
+
     // Writes the text in one go; a pipe promises room for PIPE_BUF bytes only. What was not taken is
     // returned.
     std::string_view rest_of(std::string_view text) const {
-        const std::size_t most = can_stall_ ? PIPE_BUF : text.size();
-        while (!text.empty()) {
-            pollfd room{fd_, POLLOUT, 0};
-            if (can_stall_ && poll(&room, 1, 0) != 1)
-                break;
-            const ssize_t written = ::write(fd_, text.data(), std::min(text.size(), most));
+        while (!text.empty() && (!must_ask_ || has_room())) {
+            const ssize_t written = put(must_ask_ ? text.substr(0, PIPE_BUF) : text);
             if (written > 0)
                 text.remove_prefix(static_cast<std::size_t>(written));
             else if (written == 0 || errno != EINTR)
@@ -72,13 +93,16 @@ private:
     }
 
     const int fd_;
-    bool can_stall_;
-    std::mutex mutex_; // guards what follows, and keeps the pieces of a line together
+    const char *const same_; // a path to the same
+    std::mutex mutex_;       // guards what follows, and keeps the pieces of a line together
+    struct stat seen_ {};    // where the descriptor led at the last line
+    int own_ = -1;           // a pipe or a terminal, opened once more
+    bool must_ask_ = false;  // it could not be, as without a reader: then there is room for a moment only
     unsigned lost_ = 0;
     bool is_cut_ = false; // the last line that was written has no end
 };
 
-Output standard_output(STDOUT_FILENO), standard_error(STDERR_FILENO);
+Output standard_output(STDOUT_FILENO, "/proc/self/fd/1"), standard_error(STDERR_FILENO, "/proc/self/fd/2");
 
 struct Values {
     va_list list;

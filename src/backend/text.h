@@ -4,6 +4,7 @@
 #include <cstddef>
 #include <cstdlib>
 #include <span>
+#include <string>
 #include <string_view>
 
 // Copies what fits and always terminates; a buffer of no bytes takes nothing.
@@ -13,6 +14,14 @@ inline void copy_text(std::span<char> to, std::string_view from) {
     const std::size_t length = std::min(from.size(), to.size() - 1);
     std::copy_n(from.data(), length, to.data());
     to[length] = '\0';
+}
+
+// The directory that a variable of the environment names, the first of several as systemd lists them; empty
+// without the variable.
+inline std::string first_directory(const char *variable) {
+    const char *named = std::getenv(variable);
+    const std::string_view all = named == nullptr ? "" : named;
+    return std::string(all.substr(0, all.find(':')));
 }
 
 // Takes the next word that blanks set apart off the text; empty at its end.

@@ -1,12 +1,15 @@
 // The settings files through kills, failing calls and power cuts: settings_drill KILLS BLOCKS. Each set is
-// met at each of its system calls; a daemon that sets is killed KILLS times; and the daemon is started on
-// each state of a disk that up to BLOCKS blocks, written in any order, can have left.
+// met at each of its system calls, and so is the recovery after it; a daemon that sets is killed KILLS times;
+// and the daemon is started on each state of a disk that up to BLOCKS blocks, written in any order, can have
+// left.
 
 #include "../unit/settings_files.h"
 #include "backend/config_store.h"
 
 #include <cerrno>
 #include <csignal>
+#include <cstdarg>
+#include <fcntl.h>
 #include <iostream>
 #include <random>
 #include <sys/stat.h>
@@ -18,7 +21,7 @@
 
 static const std::string steps[] = {"33", "1", "2", "", std::string(900, 'a'), "22", std::string(5000, 'b')};
 struct Call {
-    char kind; // write, truncate, sync, reserve
+    char kind; // open, read (e), write, truncate, sync, reserve
     bool of_journal;
     std::size_t step, at;
     std::string bytes;
@@ -41,17 +44,29 @@ static long at_call(char kind, int fd, off_t at, std::string_view bytes, auto ru
     const long result = is_hit && what == 'B' ? 0 : run(bytes.size() / (is_half ? 2 : 1));
     return is_hit && what != 'S' ? (_exit(0), 0) : result;
 }
-extern "C" ssize_t read(int fd, void *text,
-                        std::size_t length) { // first no more than the lines of a short value
-    return syscall(SYS_read, fd, text,
-                   lseek(fd, 0, SEEK_CUR) == 0 ? std::min<std::size_t>(length, 7) : length);
+// The names with underscores are those that the C library checks lengths by.
+extern "C" int open(const char *path, int flags, ...) {
+    va_list values;
+    va_start(values, flags);
+    const mode_t mode = (flags & O_CREAT) != 0 ? va_arg(values, mode_t) : 0;
+    va_end(values);
+    return int(at_call('o', -1, 0, "", [=](auto) { return open64(path, flags, mode); }));
+}
+extern "C" ssize_t read(int fd, void *text, std::size_t length) {
+    const std::size_t most =
+        lseek(fd, 0, SEEK_CUR) == 0 ? 7 : length; // no more than the lines of a short value
+    return at_call('e', fd, 0, "", [=](auto) { return syscall(SYS_read, fd, text, std::min(length, most)); });
+}
+extern "C" int __open_2(const char *path, int flags) { return open(path, flags); }
+extern "C" ssize_t __read_chk(int fd, void *text, std::size_t length, std::size_t) {
+    return read(fd, text, length);
 }
 extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at) {
     return at_call('w', fd, at, {static_cast<const char *>(text), length},
-                   [=](std::size_t some) { return syscall(SYS_pwrite64, fd, text, some, at); });
+                   [=](std::size_t some) { return pwrite64(fd, text, some, at); });
 }
 extern "C" int ftruncate(int fd, off_t length) noexcept {
-    return int(at_call('t', fd, length, "", [=](auto) { return syscall(SYS_ftruncate, fd, length); }));
+    return int(at_call('t', fd, length, "", [=](auto) { return ftruncate64(fd, length); }));
 }
 extern "C" int fsync(int fd) {
     return int(at_call('s', fd, 0, "", [](auto) { return 0; }));
@@ -59,10 +74,11 @@ extern "C" int fsync(int fd) {
 extern "C" int fallocate(int fd, int mode, off_t at, off_t length) {
     return int(at_call('r', fd, 0, "", [=](auto) {
         errno = EOPNOTSUPP;
-        return reserves ? syscall(SYS_fallocate, fd, mode, at, length) : -1L;
+        return reserves ? fallocate64(fd, mode, at, length) : -1L;
     }));
 }
 
+static constexpr char journal_file[] = "/tmp/settings/settings-journal";
 static std::string text_of(const std::string &value) {
     return "#\nA=" + value + "\nP=" + std::string(4000, 'p') + "\nB=" + value + "\nQ=1\n";
 }
@@ -71,9 +87,9 @@ static Status set(std::size_t to) {
 }
 static void begin(const std::string &text, const std::string &journal) {
     write_file(file_24g, text);
-    write_file("/tmp/settings/settings-journal", journal);
+    write_file(journal_file, journal);
 }
-static std::size_t tried, damaged;
+static std::size_t tried, damaged, told;
 static bool check_one_of(std::initializer_list<std::string> texts) {
     std::string found = read_file(file_24g);
     while (std::getenv("STATE_DIRECTORY") == nullptr && found.ends_with("\n\n"))
@@ -87,11 +103,45 @@ static int run_child(unsigned microseconds, auto child) {
     int status = 0;
     const pid_t pid = fork();
     if (pid == 0)
-        _exit((open_settings_journal(), calls.clear(), child()));
+        _exit(child());
     if (microseconds > 0 && usleep(microseconds) == 0)
         kill(pid, SIGKILL);
     waitpid(pid, &status, 0);
     return WEXITSTATUS(status);
+}
+
+// Each call of a start with this journal fails, or the start ends there; then another start.
+static void meet_each_call_of_recovery(const std::string &text, const std::string &journal,
+                                       std::initializer_list<std::string> texts) {
+    for (const char event : {'F', what == 'F' ? 'M' : what}) {
+        bool met = true;
+        for (std::size_t at = 0; met; ++at) {
+            begin(text, journal);
+            const auto start = [=] {
+                calls.clear();
+                what = event;
+                hit = at;
+                open_settings_journal();
+                return calls.size() > at ? 1 : 2;
+            };
+            met = run_child(0, start) < 2;
+            open_settings_journal();
+            check_one_of(texts);
+        }
+    }
+}
+
+// The error lines of a start.
+static std::size_t lines_of_start() {
+    const char path[] = "/tmp/settings/err";
+    const int shown = dup(STDERR_FILENO), caught = open(path, O_WRONLY | O_CREAT | O_TRUNC, 0600);
+    dup2(caught, STDERR_FILENO);
+    open_settings_journal();
+    dup2(shown, STDERR_FILENO);
+    close(shown);
+    close(caught);
+    const std::string said = read_file(path);
+    return std::size_t(std::count(said.begin(), said.end(), '\n'));
 }
 
 static void meet_each_call(char event) {
@@ -104,15 +154,23 @@ static void meet_each_call(char event) {
         for (std::size_t at = 0; end < 3; ++at) {
             begin(before, "");
             end = run_child(0, [=] {
+                open_settings_journal();
+                calls.clear();
                 hit = at;
                 const Status result = set(i / 2);
                 return calls.size() <= hit && result == success ? 3 : result == success ? 1 : 2;
             });
-            const std::string journal = read_file("/tmp/settings/settings-journal");
+            const std::string left = read_file(file_24g), journal = read_file(journal_file);
             open_settings_journal();
-            check_one_of({end == 0 || end == 2 ? before : after, end == 2 ? before : after});
+            const std::string &first = end == 0 || end == 2 ? before : after,
+                              &second = end == 2 ? before : after;
+            check_one_of({first, second});
+            if (!journal.empty())
+                meet_each_call_of_recovery(left, journal, {first, second});
             begin(of_another, journal);
-            open_settings_journal();
+            const std::size_t lines = lines_of_start();
+            damaged += lines > 1 || lines_of_start() > 0; // the second start knows nothing of it
+            told += lines;
             check_one_of({of_another});
         }
     }
@@ -123,6 +181,7 @@ static void kill_often(int kills) {
     begin(text_of(steps[0]), "");
     for (int i = 0; i < kills; ++i) {
         run_child(1 + static_cast<unsigned>(random() % 2000), [] {
+            open_settings_journal();
             for (std::size_t to = 0;; ++to)
                 (void)set(to % std::size(steps));
             return 0;
@@ -191,7 +250,8 @@ static void cut_power(std::size_t most_blocks) {
 
 // Without the journal, a kill in the middle of a write may do damage.
 static bool holds(const std::string &drill, bool may_damage) {
-    std::cout << drill << ": " << damaged << " damaged of " << tried << std::endl;
+    std::cout << drill << ": " << damaged << " damaged of " << tried << ", " << std::exchange(told, 0)
+              << " rewritten files told" << std::endl;
     return std::exchange(tried, 0) > 0 && (std::exchange(damaged, 0) == 0 || may_damage);
 }
 
@@ -203,7 +263,7 @@ int main(int, char **argv) {
     inode = found.st_ino;
     for (const std::string journal : {"", " with the journal"}) {
         if (!journal.empty())
-            setenv("STATE_DIRECTORY", "/tmp/settings", 1);
+            setenv("STATE_DIRECTORY", "/tmp/settings:/tmp/other", 1);
         for (const char event : {'B', 'M', 'A', 'F', 'S'}) {
             meet_each_call(event);
             all_hold &= holds(std::string("each call ") + event + journal, journal.empty() && event == 'M');

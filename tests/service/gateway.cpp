@@ -208,3 +208,9 @@ std::optional<std::string> Client::call(std::uint32_t procedure, std::string_vie
         *status = word_at(*reply, 20);
     return reply->substr(24);
 }
+
+int Client::code(std::uint32_t procedure, std::string_view arguments) {
+    constexpr int no_reply = -100;
+    const auto reply = call(procedure, arguments);
+    return reply && reply->size() >= sizeof(int) ? static_cast<int>(word_at(*reply, 0)) : no_reply;
+}

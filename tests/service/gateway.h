@@ -63,6 +63,8 @@ public:
                                     std::uint32_t *status = nullptr, int patience_ms = 5000);
     // Sends a datagram as it is; the whole reply, or nothing in time.
     std::optional<std::string> exchange(std::string_view datagram, int patience_ms);
+    // The first word of that body.
+    int code(std::uint32_t procedure, std::string_view arguments = "");
     bool answers() { return call(0, "").has_value(); }
 
 private:

@@ -21,25 +21,13 @@ using Clock = std::chrono::steady_clock;
 
 constexpr std::uint32_t load = 1, init = 2, reset = 3, get_status = 11, get_name = 12, get_ssid = 21,
                         set_ssid = 22, set_transmit_power = 53, restart_all = 206, restart = 207;
-constexpr int in_progress = 3, no_reply = -100;
+constexpr int in_progress = 3;
 
 #ifdef SANITIZED
 constexpr bool sanitized = true;
-constexpr std::size_t scripts_to_see = 600;
 #else
 constexpr bool sanitized = false;
-constexpr std::size_t scripts_to_see = 3000;
 #endif
-
-// The first word of the reply.
-int code(Client &client, std::uint32_t procedure, const std::string &arguments = "") {
-    const auto reply = client.call(procedure, arguments);
-    std::uint32_t value = 0;
-    if (!reply || reply->size() < sizeof value)
-        return no_reply;
-    std::memcpy(&value, reply->data(), sizeof value);
-    return static_cast<int>(ntohl(value));
-}
 
 void shell(const std::string &command) { ASSERT_EQ(std::system(command.c_str()), 0) << command; }
 
@@ -58,9 +46,9 @@ protected:
         return {"zav_install_dir=/tmp/sim/host", "RUNTIME_DIRECTORY=/tmp/gateway/run:/tmp/other",
                 "WLAN_CONFIGD_PORT=4000"};
     }
-    int call(std::uint32_t procedure) { return code(client, procedure); }
+    int call(std::uint32_t procedure) { return client.code(procedure); }
     int call(std::uint32_t procedure, std::uint32_t argument) {
-        return code(client, procedure, word(argument));
+        return client.code(procedure, word(argument));
     }
     // What init ends with.
     int init_result() {
@@ -187,7 +175,7 @@ std::vector<double> latencies(Client &client) {
     for (unsigned i = 0; i < 1000; ++i) {
         const std::string name = xdr_text("Net " + std::to_string(i));
         const auto begun = Clock::now();
-        EXPECT_EQ(i % 2 == 0 ? code(client, get_ssid, word(9)) : code(client, set_ssid, word(2) + name), 0);
+        EXPECT_EQ(i % 2 == 0 ? client.code(get_ssid, word(9)) : client.code(set_ssid, word(2) + name), 0);
         all.push_back(std::chrono::duration<double, std::milli>(Clock::now() - begun).count());
     }
     std::sort(all.begin(), all.end());
@@ -210,7 +198,7 @@ TEST_F(Lifecycle, HangingScriptsDelayNoRequest) {
     EXPECT_EQ(call(init), in_progress);
     EXPECT_EQ(call(restart, 1), 0);
     EXPECT_EQ(call(restart_all), 0);
-    EXPECT_EQ(code(client, set_transmit_power, word(9) + word(50)), 0);
+    EXPECT_EQ(client.code(set_transmit_power, word(9) + word(50)), 0);
     EXPECT_EQ(client.call(get_status, word(1)), data_reply(0, {}, std::string("Disabled\0", 9)));
     EXPECT_LT(Clock::now() - begun, 1s);
     for (const auto &[what, place, least] :
@@ -257,31 +245,6 @@ TEST_F(Lifecycle, RestartsAreMerged) {
         EXPECT_EQ(verbs(), expected);
         EXPECT_EQ(read_file(gateway.path("err")), first_lines + masks);
     }
-}
-
-TEST_F(Lifecycle, FourClientsStartOneInit) {
-    constexpr int rounds = 4;
-    for (int round = 0; round < rounds; ++round) {
-        ASSERT_EQ(call(load, 245), 0);
-        gateway.fault("script.zv_host.sh.init.hold", "");
-        std::latch ready(4);
-        std::atomic<int> right = 0;
-        std::vector<std::jthread> clients;
-        clients.reserve(4);
-        for (int i = 0; i < 4; ++i)
-            clients.emplace_back([&] {
-                Client own(gateway.port());
-                ready.arrive_and_wait();
-                right += code(own, init) == in_progress;
-            });
-        clients.clear();
-        EXPECT_EQ(right, 4);
-        gateway.repair("script.zv_host.sh.init.hold");
-        EXPECT_EQ(init_result(), 0);
-        EXPECT_EQ(call(reset), 0);
-    }
-    EXPECT_EQ(gateway.count("log", "script zv_host.sh init dual"), rounds);
-    EXPECT_EQ(gateway.count("log", "script zv_host.sh addvlans"), rounds);
 }
 
 // The first init, of one radio, ends while the second runs and must not show anywhere.
@@ -395,7 +358,7 @@ TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
         EXPECT_EQ(std::filesystem::exists(record), initialised || !verb.empty());
         forget();
         shell("sed -i s/BssidNum=8/BssidNum=4/ " + settings); // the old count is known
-        (void)code(client, set_transmit_power, word(9) + word(50));
+        (void)client.code(set_transmit_power, word(9) + word(50));
         EXPECT_EQ(gateway.count("log", "set zv00 TxPower="), initialised ? 1 : 0);
         EXPECT_EQ(client.call(get_status, word(1)) != data_reply(0, {}, std::string(1, '\0')), initialised);
         EXPECT_EQ(call(init), initialised ? result : in_progress);
@@ -430,98 +393,6 @@ TEST_F(Lifecycle, AThreadThatCannotBeHadIsReported) {
     EXPECT_EQ(call(init), 0);
     EXPECT_EQ(call(reset), 0);
     bring_up();
-}
-
-// Stands for the host script and for ifconfig: notes what it has inherited, and is quick.
-constexpr char prying_script[] = R"(#!/bin/sh
-seen=
-for each in /proc/self/fd/*; do seen="$seen${each##*/} "; done
-while read -r key value; do
-    case $key in SigBlk: | SigIgn:) seen="$seen$key$value " ;; esac
-done </proc/self/status
-echo "${seen% }" >>/tmp/pry/seen
-case ${0##*/}:$1 in
-*:load) : >/tmp/pry/up ;;
-*:stop) rm -f /tmp/pry/up ;;
-ifconfig:) [ ! -e /tmp/pry/up ] || printf 'zv00\nzvi00\n' ;;
-esac
-)";
-
-std::vector<std::string> pry() {
-    shell("rm -rf /tmp/pry && mkdir /tmp/pry && ln -s zv_host.sh /tmp/pry/ifconfig");
-    write_file("/tmp/pry/zv_host.sh", prying_script);
-    shell("chmod +x /tmp/pry/zv_host.sh");
-    return {"zav_install_dir=/tmp/pry", "RUNTIME_DIRECTORY=/tmp/pry",
-            std::string("PATH=/tmp/pry:") + std::getenv("PATH")};
-}
-
-// What the script itself has open comes on top of 0, 1 and 2: here it has inherited nothing else.
-std::string seen_without_a_daemon() {
-    Process alone({"/tmp/pry/zv_host.sh"}, {}, "/dev/null", "/dev/null");
-    EXPECT_EQ(alone.ended(), 0);
-    const std::string seen = read_file("/tmp/pry/seen");
-    std::filesystem::remove("/tmp/pry/seen");
-    const std::string none(16, '0');
-    return seen.substr(0, seen.find("Sig")) + "SigBlk:" + none + " SigIgn:" + none;
-}
-
-// Init, restarts, resets and requests of several clients at once. A descriptor gets into a script only when
-// it is started in the moment between another thread's open and the descriptor's mark, hence the thousands.
-TEST(Overlap, IsSafeAndNothingIsInherited) {
-    const auto environment = pry();
-    const std::string expected = seen_without_a_daemon();
-    Gateway gateway({"127.0.0.1"}, environment);
-    write_file(gateway.path("interfaces/zv00"), "up");
-    write_file("/tmp/wlandbg", "");
-    std::atomic<bool> enough = false;
-    std::atomic<int> wrong = 0, inits = 0;
-    const auto client = [&](const std::function<void(Client &, std::uint32_t)> &work) {
-        return std::jthread([&, work] {
-            Client own(gateway.port());
-            for (std::uint32_t i = 0; !enough; ++i)
-                work(own, i);
-        });
-    };
-    std::vector<std::jthread> threads;
-    threads.push_back(client([&](Client &own, std::uint32_t i) {
-        wrong += code(own, load, word(245)) != 0;
-        for (int answer = in_progress; answer == in_progress && i % 4 != 3; std::this_thread::sleep_for(1ms))
-            wrong += (answer = code(own, init)) != in_progress && answer != 0;
-        wrong += i % 4 == 3 && code(own, init) != in_progress; // the reset overtakes it
-        wrong += code(own, reset) != 0;
-        ++inits;
-    }));
-    threads.push_back(client([&](Client &own, std::uint32_t i) {
-        wrong += (i % 5 == 0 ? code(own, restart_all) : code(own, restart, word(i % 18))) != 0;
-        std::this_thread::sleep_for(1ms);
-    }));
-    threads.push_back(client([&](Client &own, std::uint32_t i) {
-        wrong += own.call(get_name, word(9)) != data_reply(0, {}, std::string("zv00\0", 5));
-        const auto status = own.call(get_status, word(i % 16 + 1));
-        const std::string initialised = i % 16 + 1 == 9 ? "Up" : "Error"; // zv00 alone exists
-        wrong += status != data_reply(0, {}, std::string(1, '\0')) &&
-                 status != data_reply(0, {}, initialised + '\0');
-    }));
-    threads.push_back(client([&](Client &own, std::uint32_t i) {
-        wrong += code(own, set_ssid, word(2) + xdr_text("Net " + std::to_string(i))) != 0;
-        wrong += code(own, get_ssid, word(9)) != 0;
-    }));
-    await([&] { return lines_of(read_file("/tmp/pry/seen")).size() >= scripts_to_see; }, 120s);
-    enough = true;
-    threads.clear();
-    std::filesystem::remove("/tmp/wlandbg");
-    EXPECT_EQ(wrong, 0) << read_file(gateway.path("err"));
-    EXPECT_GT(inits, 10);
-    const auto all = lines_of(read_file("/tmp/pry/seen"));
-    EXPECT_GE(all.size(), scripts_to_see);
-    const std::string own = "180000000"; // signals 32 and 33: the C library's, which it leaves ignored
-    for (std::string seen : all) {
-        if (seen.ends_with(own))
-            seen.replace(seen.size() - own.size(), own.size(), own.size(), '0');
-        ASSERT_EQ(seen, expected);
-    }
-    EXPECT_EQ(read_file(gateway.path("err")).find("Sanitizer"), std::string::npos)
-        << read_file(gateway.path("err"));
 }
 
 } // namespace

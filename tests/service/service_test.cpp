@@ -3,6 +3,7 @@
 #include "rpc/protocol.h"
 
 #include <algorithm>
+#include <array>
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
@@ -212,6 +213,24 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     EXPECT_EQ(count(first) + lost, 1000 * lines);
     EXPECT_TRUE(first.ends_with('\n'));
     EXPECT_EQ(count(then), lines + 1);
+}
+
+TEST(Debug, ATerminalThatStallsLosesLines) {
+    const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
+    ASSERT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
+    Gateway gateway({"127.0.0.1"}, {}, "", ptsname(terminal));
+    write_file("/tmp/wlandbg", "");
+    for (int call = 0; call < 2000; ++call)
+        ASSERT_TRUE(gateway.call(get_ssid, word(1))) << call;
+    std::array<char, 4096> piece{};
+    for (int empty = 0; empty<10; empty = read(terminal, piece.data(), piece.size())> 0 ? 0 : empty + 1)
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    EXPECT_TRUE(gateway.call(get_ssid, word(1)));
+    std::filesystem::remove("/tmp/wlandbg");
+    const ssize_t length = read(terminal, piece.data(), piece.size());
+    EXPECT_NE(std::string(piece.data(), static_cast<std::size_t>(length)).find("lines of the log are lost."),
+              std::string::npos);
+    close(terminal);
 }
 
 TEST(Transport, NumbersWithoutAProcedureAreUnavailable) {

@@ -109,16 +109,3 @@ TEST(AccessList, DeletesWhateverTheListsHold) {
         EXPECT_EQ(read_file(file_24g), settings(row.left_macs, row.left_names));
     }
 }
-
-TEST(AccessList, AddsAnAddressAndFailsWhereTheNamesDoNotMatch) {
-    const std::string many(64, ';'), long_names = many + std::string(4000, 'n');
-    write_file(file_24g, settings("", ""));
-    EXPECT_EQ(add(1, ""), success);
-    EXPECT_EQ(add(2, "second"), failure) << "an empty name alone makes no list of names";
-    EXPECT_EQ(read_file(file_24g), settings(mac(1) + ";" + mac(2), ""));
-    write_file(file_24g, settings(mac(1), long_names));
-    EXPECT_EQ(add(2, "x"), failure);
-    EXPECT_EQ(read_file(file_24g), settings(mac(1) + ";" + mac(2), long_names));
-    write_file(file_24g, settings("0" + mac(1), "a"));
-    EXPECT_EQ(add(1, "x"), unchanged) << "stands in the text";
-}

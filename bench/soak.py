@@ -1,0 +1,133 @@
+"""A soak: soak.py SOURCES BUILD MINUTES. Four clients keep a daemon's workers and its store busy. A line a minute tells
+its memory and descriptors; it fails when they grow, a sanitizer reports or a call goes unanswered."""
+
+import os
+import random
+import re
+import subprocess
+import sys
+import threading
+import time
+
+SOURCES, BUILD, GATEWAY = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]), "/tmp/gateway"
+sys.path.insert(0, f"{BUILD}/protocol/python")
+import wlan_config  # noqa: E402  (made by the build)
+
+GETS = [row.name[5:] for row in wlan_config.PROCEDURES.values()
+        if row.name.startswith("wlan_get_") and row.arguments == ("int",) and "air_time_management" not in row.name]
+asked, failed, unanswered = [0] * 4, [0] * 4, []
+enough = threading.Event()
+
+
+class Asker:
+    """One of the clients. A call that fails is counted and no more: many must, now that the driver comes and goes."""
+
+    def __init__(self, number):
+        self.number, self.client = number, wlan_config.Client(port=4000, timeout=60)
+
+    def __getattr__(self, name):
+        def call(*values):
+            asked[self.number] += 1
+            try:
+                return getattr(self.client, name)(*values)
+            except wlan_config.Failed:
+                failed[self.number] += 1
+            except wlan_config.WlanError as error:
+                unanswered.append(str(error))
+            return None
+
+        return call
+
+
+def lifecycle(gateway, turn):
+    gateway.load(245)
+    while gateway.init() == wlan_config.Code.IN_PROGRESS and turn % 4:  # else the reset overtakes it
+        time.sleep(0.01)
+    time.sleep(random.random() * 2)
+    gateway.reset()
+
+
+def restarts_and_scans(gateway, turn):
+    gateway.restart(turn % 18) if turn % 5 else gateway.restart_all()
+    gateway.ap_scan(random.choice((1, 9)))
+    gateway.get_ap_scan_result(random.choice((1, 9)))
+    time.sleep(0.05)
+
+
+def gets(gateway, _):
+    getattr(gateway, random.choice(GETS))(random.randint(0, 17))
+
+
+def sets(gateway, turn):
+    index = turn % 16 + 1
+    gateway.set_ssid(index, "n" * random.randint(1, 32))
+    gateway.set_channel(index, random.choice((1, 6, 11, 36, 44)))
+    gateway.set_mac_address_control_add(index, f"02:00:00:00:00:{turn % 40:02X}", "name")
+    gateway.set_wps_uuid(index, f"{turn:032x}")
+    gateway.get_basic_stats(index)
+
+
+def run(number, work):
+    gateway, turn = Asker(number), 0
+    while not enough.is_set():
+        work(gateway, turn := turn + 1)
+
+
+def start_daemon():
+    os.makedirs("/tmp/run")
+    subprocess.run([f"{SOURCES}/sim/setup", GATEWAY], check=True)
+    path = f"{SOURCES}/sim/bin:{os.environ['PATH']}"
+    variables = {"LD_PRELOAD": f"{BUILD}/lib/libzav_sim.so", "ZAV_SIM_DIR": GATEWAY, "PATH": path,
+                 "zav_cfg_dir": f"{GATEWAY}/settings", "zav_install_dir": f"{SOURCES}/sim/host",
+                 "WLAN_CONFIGD_PORT": "4000", "RUNTIME_DIRECTORY": "/tmp/run", "STATE_DIRECTORY": "/tmp/run"}
+    with open("/tmp/out", "ab") as out, open("/tmp/err", "ab") as err:
+        return subprocess.Popen([f"{BUILD}/bin/wlan-configd", "127.0.0.1"], env=variables, stdout=out, stderr=err)
+
+
+def look(daemon):
+    """Memory in kB and descriptors, the least of a moment: requests and workers have some of their own."""
+    found = []
+    for _ in range(50):
+        with open(f"/proc/{daemon.pid}/status", encoding="ascii") as status:
+            memory = int(re.search(r"VmRSS:\s+(\d+)", status.read())[1])
+        found.append((memory, len(os.listdir(f"/proc/{daemon.pid}/fd"))))
+        time.sleep(0.01)
+    return tuple(map(min, zip(*found)))
+
+
+def reports(minute):
+    """Sanitizers' reports since the last look; empties the logs, with debug lines in every second minute."""
+    with open("/tmp/err", encoding="utf-8", errors="replace") as file:
+        text = file.read()
+    for name in ("/tmp/out", "/tmp/err", f"{GATEWAY}/log"):
+        os.truncate(name, 0)
+    (lambda: open("/tmp/wlandbg", "w").close() if minute % 2 else os.remove("/tmp/wlandbg"))()
+    return text if "Sanitizer" in text else ""
+
+
+def main():
+    minutes, looks, reported = int(sys.argv[3]), [], ""
+    daemon = start_daemon()
+    time.sleep(2)
+    clients = [threading.Thread(target=run, args=each) for each in enumerate((lifecycle, restarts_and_scans, gets, sets))]
+    for client in clients:
+        client.start()
+    for minute in range(1, minutes + 1):
+        time.sleep(60)
+        reported += reports(minute)
+        if daemon.poll() is not None:
+            break
+        looks.append(look(daemon))
+        print(f"{minute} min: {looks[-1][0]} kB, {looks[-1][1]} descriptors, calls {asked}, failed {failed}", flush=True)
+    enough.set()
+    for client in clients:
+        client.join()
+    print(reported, *unanswered[:9], f"status {daemon.poll()}", sep="\n")
+    first, last = looks[minutes // 4], looks[-1]
+    flat = last[0] < 1.25 * first[0] and last[1] <= first[1] + 1  # a sanitizer's own memory grows slowly
+    grown = daemon.poll() is not None or reported or unanswered or not flat
+    daemon.kill()
+    sys.exit(bool(grown))
+
+
+main()

@@ -55,7 +55,7 @@ std::string on_the_wire(const std::string &block) {
                 field.resize(std::min(field.find('\0'), field.size()));
             entry.replace(to, field.size(), field);
         }
-        if (entry[120] < 0)
+        if (static_cast<signed char>(entry[120]) < 0)
             entry.replace(121, 3, "\xff\xff\xff");
         table.replace(4 + 128 * i, 128, entry);
     }

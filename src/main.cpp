@@ -1,5 +1,6 @@
 #include "api/lifecycle.h"
 #include "backend/config_store.h"
+#include "notify.h"
 #include "rpc/protocol.h"
 #include "rpc/registration.h"
 #include "rpc/service.h"
@@ -24,8 +25,9 @@ constexpr char usage[] =
     "usage: wlan-configd [ADDRESS]\n"
     "Serves the Wi-Fi configuration over ONC RPC on UDP, on the local IPv4 ADDRESS or on all\n"
     "addresses; the portmapper tells clients the port. The protocol has no authentication.\n\n"
-    "  -h, --help  print this and exit\n"
-    "  --version   print the version and exit\n\n"
+    "  -h, --help    print this and exit\n"
+    "  --version     print the version and exit\n"
+    "  --unregister  take the registration of a daemon that was killed from the portmapper and exit\n\n"
     "environment:\n"
     "  zav_cfg_dir         directory of the settings files ZAV75024g.dat and ZAV750.dat\n"
     "  zav_install_dir     directory of the platform's scripts and daemons\n"
@@ -34,7 +36,8 @@ constexpr char usage[] =
     "                      without it everyone\n"
     "  RUNTIME_DIRECTORY   directory to keep in what is known of the driver, for a restarted daemon;\n"
     "                      without it a restarted daemon knows nothing\n"
-    "  STATE_DIRECTORY     directory of the journal that keeps settings whole over kills and power cuts\n\n"
+    "  STATE_DIRECTORY     directory of the journal that keeps settings whole over kills and power cuts\n"
+    "  NOTIFY_SOCKET       where a service manager is told that the daemon serves\n\n"
     "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
 
 int give_up(const char *reason) {
@@ -99,6 +102,8 @@ int main(int argc, char **argv) {
         std::fputs(first == "--version" ? "wlan-configd " WLAN_CONFIGD_VERSION "\n" : usage, stdout);
         return 0;
     }
+    if (first == "--unregister")
+        return remove_left_over_registration() ? 0 : 1;
     Environment environment;
     if (!open_standard_descriptors())
         return give_up("cannot open /dev/null.");
@@ -119,6 +124,7 @@ int main(int argc, char **argv) {
     if (!svc_register(transport, WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, wlan_config_rpc_prog_1,
                       IPPROTO_UDP))
         return give_up("unable to register (WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, udp).");
+    notify_ready();
     watch_registration(transport->xp_port);
     svc_run();
     return give_up("svc_run returned");

@@ -1,8 +1,9 @@
 """What is made from the model, and where it goes."""
 
-from . import cpp, html, manual, python, rpcgen, vectors, wireshark, wlanctl
+from . import cpp, html, known_issues, manual, python, rpcgen, vectors, wireshark, wlanctl
 
 TARGETS = {
+    "KNOWN_ISSUES.md": known_issues.write,
     "wlan-configd-protocol.7.scd": manual.write,
     "wlan-configd-protocol.html": html.write,
     "wlan_config.x": rpcgen.write,

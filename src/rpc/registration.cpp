@@ -9,6 +9,7 @@
 #include <arpa/inet.h>
 #include <array>
 #include <chrono>
+#include <cstdio>
 #include <rpc/pmap_clnt.h>
 #include <rpc/pmap_prot.h>
 #include <rpc/rpc.h>
@@ -52,6 +53,15 @@ bool ask_portmapper(unsigned *ret_port) {
            answer[5] == SUCCESS;
 }
 
+// Whether any address of this machine has the UDP port.
+bool is_in_use(unsigned port) {
+    sockaddr_in any{};
+    any.sin_family = AF_INET;
+    any.sin_port = htons(static_cast<std::uint16_t>(port));
+    const Descriptor fd(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
+    return !fd.valid() || bind(fd.get(), reinterpret_cast<const sockaddr *>(&any), sizeof any) != 0;
+}
+
 // Another port than the daemon's own is another daemon's, which has taken over. Between a start's taking out
 // and putting in nothing is missing: so it is asked twice.
 bool is_registered() {
@@ -83,4 +93,16 @@ void watch_registration(std::uint16_t port) {
     own_port = port;
     if (!start_worker(registration_thread_function))
         report_no_worker(__func__);
+}
+
+bool remove_left_over_registration() {
+    unsigned port = 0;
+    if (!ask_portmapper(&port)) {
+        std::fputs("The portmapper does not answer.\n", stderr);
+        return false;
+    }
+    if (port == 0 || is_in_use(port) || pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION) != FALSE)
+        return true;
+    std::fputs("The portmapper keeps the registration.\n", stderr);
+    return false;
 }

@@ -7,13 +7,16 @@
 #include <csignal>
 #include <cstdio>
 #include <cstdlib>
+#include <cstring>
 #include <fcntl.h>
 #include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <regex>
 #include <sys/resource.h>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -173,6 +176,33 @@ TEST(StartUp, TheSecondOfTwoIsTheOneThatClientsFind) {
         std::system("for i in 1 2 3 4 5 6 7 8 9; do rpcinfo -u 127.0.0.1 538054928 1 && exit; sleep 0.1; "
                     "done >/dev/null 2>&1; exit 1"),
         0);
+}
+
+// The name of a file, and one that is none.
+TEST(StartUp, TellsTheServiceManagerOnceItIsRegistered) {
+    for (const std::string name : {"/tmp/manager", "@manager"}) {
+        sockaddr_un own{AF_UNIX, {}};
+        std::strcpy(own.sun_path, name.c_str());
+        own.sun_path[0] = name[0] == '@' ? '\0' : '/';
+        const int manager = socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+        const auto length = static_cast<socklen_t>(sizeof own.sun_family + name.size());
+        ASSERT_EQ(bind(manager, reinterpret_cast<sockaddr *>(&own), length), 0);
+        ASSERT_FALSE(registered());
+        Gateway gateway({"127.0.0.1"}, {"NOTIFY_SOCKET=" + name});
+        std::array<char, 16> told{};
+        EXPECT_EQ(recv(manager, told.data(), told.size(), 0), 7);
+        EXPECT_STREQ(told.data(), "READY=1");
+        EXPECT_TRUE(registered());
+        // What a daemon leaves that was killed goes, what one that serves has stays.
+        EXPECT_EQ(run("wlan-configd", {"--unregister"}).status, 0);
+        EXPECT_TRUE(registered());
+        kill(gateway.daemon().id(), SIGKILL);
+        EXPECT_TRUE(gateway.daemon().ended());
+        EXPECT_EQ(std::system("rpcinfo -p | grep -q 538054928"), 0);
+        EXPECT_EQ(run("wlan-configd", {"--unregister"}).status, 0);
+        EXPECT_NE(std::system("rpcinfo -p | grep -q 538054928"), 0);
+        close(manager);
+    }
 }
 
 TEST(Debug, LinesComeAndGoWithTheFile) {

@@ -33,7 +33,7 @@ Json bandwidth_of(const Json &number) {
 
 // Whether a station can join by WPS now.
 Json wps_of(const Snapshot &gateway, std::int64_t index) {
-    const Json session = gateway.value("wps_result_status", index);
+    const Json &session = gateway.value("wps_result_status", index);
     const bool over = session == "Idle" || session == "Success" || session == "Failed";
     return {{"enabled", gateway.is_on("wps_enable", index)},
             {"window", session.is_null() ? session : Json(over ? "closed" : "open")},
@@ -49,7 +49,7 @@ Json scan_of(const Snapshot &gateway, std::int64_t index) {
 
 Json radio_json(const Snapshot &gateway, const Gateway &names, const Radio &radio) {
     const std::int64_t index = radio.interfaces.front();
-    const Json bandwidth = gateway.value("channel_bw", index);
+    const Json &bandwidth = gateway.value("channel_bw", index);
     return {{"radio", radio.band},
             {"index", index},
             {"interface", name_of(names, index)},
@@ -79,7 +79,7 @@ Json security_of(const Json &authentication, const Json &encryption) {
 }
 
 Json bss_json(const Snapshot &gateway, const Gateway &names, std::int64_t index) {
-    const Json authentication = gateway.value("wpa_authentication_modes", index);
+    const Json &authentication = gateway.value("wpa_authentication_modes", index);
     const Json &with_wpa = gateway.value("wpa_encryption_modes", index);
     const Json encryption = with_wpa.is_null() ? gateway.value("basic_encryption_modes", index) : with_wpa;
     Json bss{{"index", index}, {"interface", name_of(names, index)}};

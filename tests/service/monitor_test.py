@@ -93,7 +93,7 @@ class Monitor(unittest.TestCase):
         down = shown("status")
         self.assertEqual([(each["up"], each["channel"], each["stored_channel"]) for each in down["radios"]],
                          [(False, None, 6), (False, None, 36)])
-        self.assertEqual((down["daemon"]["version"], down["daemon"]["process"]), ("0.1.0", self.daemon.pid))
+        self.assertEqual((down["daemon"]["version"], down["daemon"]["process"]), (on.run(on.BIN / "wlan-configd", "--version").stdout.split()[-1], self.daemon.pid))
         began = time.mktime(time.strptime(down["daemon"]["started"], "%Y-%m-%dT%H:%M:%SZ")) - time.timezone
         self.assertLess(abs(time.time() - began), 30)
         on.run(WLANCTL, "up")

@@ -8,6 +8,7 @@
 
 #include <cstdlib>
 #include <fcntl.h>
+#include <future>
 #include <iostream>
 #include <sys/mman.h>
 #include <thread>
@@ -91,15 +92,15 @@ public:
             order_->failed = 0;
             order_->left = number;
             order_->kind = kind;
-            const auto answer = gateway_.call(request.procedure, request.arguments, nullptr, 1000);
-            const auto end = answer ? std::nullopt : gateway_.daemon().ended(100ms);
-            if (!end)
+            end_.reset();
+            const auto answer = call(request.procedure, request.arguments);
+            if (!end_)
                 settle(request, answer);
             order_->kind = CallKind::none;
             if (order_->failed == 0)
                 return;
             ++tried;
-            check(request, answer, end ? end : gateway_.daemon().ended(10ms), after, number);
+            check(request, answer, after, number);
         }
     }
 
@@ -116,9 +117,20 @@ private:
         wait_while(init, "", in_progress);
     }
 
-    // Whether the daemon lives or not.
+    // A daemon that has ended answers no more: the client hears of it by the next datagram that it sends.
+    std::optional<std::string> call(std::uint32_t procedure, const std::string &arguments) {
+        auto answer = std::async(std::launch::async, [&] { return gateway_.call(procedure, arguments); });
+        while (answer.wait_for(1ms) != std::future_status::ready) {
+            if (!end_)
+                end_ = gateway_.daemon().ended(1ms);
+            if (end_)
+                gateway_.exchange(call_header(0), 0);
+        }
+        return answer.get();
+    }
+
     void wait_while(std::uint32_t procedure, const std::string &arguments, const std::string &passing) {
-        while (gateway_.call(procedure, arguments, nullptr, 500) == passing)
+        while (!end_ && call(procedure, arguments) == passing)
             std::this_thread::sleep_for(2ms);
     }
 
@@ -155,13 +167,16 @@ private:
         return std::distance(std::filesystem::directory_iterator(directory, gone), {});
     }
 
-    void check(const Request &request, const std::optional<std::string> &answer, std::optional<int> end,
-               const std::string &after, int number) {
+    void check(const Request &request, const std::optional<std::string> &answer, const std::string &after,
+               int number) {
         const std::string found = settings(), said = read_file(gateway_.path("err"));
-        if (end) {
+        if (!end_)
+            end_ = gateway_.daemon().ended(10ms);
+        if (end_) {
             ++ends;
-            fault(*end == 1 << 8 && said.ends_with("out of memory\n"), "a wrong end", request, number);
+            fault(*end_ == 1 << 8 && said.ends_with("out of memory\n"), "a wrong end", request, number);
             gateway_.restart();
+            end_.reset();
         } else {
             fault(answer.has_value(), "no answer", request, number);
         }
@@ -182,6 +197,7 @@ private:
     }
 
     const int stride_;
+    std::optional<int> end_; // of the daemon, since the request
     FailingCalls *order_ = make_order();
     Gateway gateway_{{"127.0.0.1"}, make_scripts()};
     const std::string factory_ = settings();

@@ -9,6 +9,7 @@
 #include <array>
 #include <cstdio>
 #include <fmt/format.h>
+#include <fmt/ranges.h>
 
 namespace {
 
@@ -18,15 +19,13 @@ constexpr std::int64_t scan_running = 1, scan_finished = 3;
 constexpr Seconds short_patience{usual_patience}, long_patience{600}, restart_patience{120};
 constexpr int polls_of_a_restart = 8; // two seconds
 
-constexpr int low_band = 1, high_band = 2;
-
 struct Radios {
     const char *name;
     int flags; // as wlan_load takes them
-    int bands;
+    const char *bands;
 };
-constexpr std::array radios{Radios{"dual", 245, low_band | high_band}, Radios{"24", 24, low_band},
-                            Radios{"5", 5, high_band}};
+constexpr std::array radios{Radios{"dual", 245, "2.4 GHz and 5 GHz"}, Radios{"24", 24, "2.4 GHz"},
+                            Radios{"5", 5, "5 GHz"}};
 
 Error ask_visibly(Connection connection, const Procedure &procedure, const Values &arguments,
                   const char *doing, Seconds patience, Answer &ret_answer) {
@@ -65,33 +64,23 @@ int print_end(const Output &output, Error error, const char *action) {
     return print_error(output, error);
 }
 
-// The bands whose radios are initialised; 0: none.
-Error find_running(Context &context, int &ret_bands) {
-    Answer status;
+// Whether the driver is to be brought up for other radios than those that it runs.
+Error check_running(Context &context, const Radios &wanted) {
+    Answer status; // empty where nothing runs
     const Values first{{{Kind::integer, 1}}};
     if (Error error = ask_visibly(context.connection, *find_procedure("wlan_get_status"), first, "asking",
                                   long_patience, status))
         return error;
     if (Error error = find_names(context.connection, context.gateway))
         return error;
-    ret_bands = 0;
-    for (const std::string &name : *context.gateway.names)
-        if (!status.text.empty())
-            ret_bands |= name.starts_with("zvi") ? low_band : high_band;
-    return {};
-}
-
-// Whether the driver is to be brought up for other radios than those that it runs.
-Error check_running(Context &context, const Radios &wanted) {
-    int running = 0;
-    if (Error error = find_running(context, running))
-        return error;
-    if (running == 0 || running == wanted.bands)
+    std::vector<std::string> bands;
+    for (const Radio &radio : radios_of(context.gateway))
+        bands.push_back(radio.band);
+    const std::string running = fmt::format("{}", fmt::join(bands, " and "));
+    if (status.text.empty() || running == wanted.bands)
         return {};
-    const char *const bands = running == low_band    ? "2.4 GHz is"
-                              : running == high_band ? "5 GHz is"
-                                                     : "2.4 GHz and 5 GHz are";
-    return {Trouble::failed, fmt::format("{} up; wlanctl down first", bands)};
+    return {Trouble::failed,
+            fmt::format("{} {} up; wlanctl down first", running, bands.size() == 1 ? "is" : "are")};
 }
 
 // The procedures of a scan, and its interface.
@@ -155,6 +144,7 @@ int up(Context &context, const Words &words) {
         print_call(output, init, none);
         return 0;
     }
+    context.gateway = {}; // a load gives the interfaces other numbers, also one that fails
     if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
         return print_end(output, error, "load goes on, and no initialisation follows it");
     if (answer.code < 0)
@@ -203,6 +193,7 @@ int down(Context &context, const Words &) {
     }
     if (Error error = find_daemon(context.connection))
         return print_error(context.output, error);
+    context.gateway = {};
     if (Error error = ask_visibly(context.connection, reset, {}, "stopping", long_patience, answer))
         return print_end(context.output, error, "stop goes on");
     return print_outcome(context, reset, {}, answer);

@@ -55,6 +55,8 @@ int call_named(Context &context, const std::string &prefix, const Words &words) 
         print_call(context.output, *procedure, arguments);
         return 0;
     }
+    if (procedure->name == "wlan_load" || procedure->name == "wlan_reset")
+        context.gateway = {}; // they give the interfaces other numbers
     Answer answer;
     if (Error error = ask(context.connection, *procedure, arguments, answer))
         return print_error(context.output, error, procedure);

@@ -244,6 +244,9 @@ void carry_out(Context &context, std::vector<Change> &changes, Report &report) {
 
 int show_calls(Context &context, const std::vector<Change> &changes, const SettingsFile &file) {
     int status = file.strangers.empty() ? 0 : 1;
+    const bool none = std::none_of(changes.begin(), changes.end(), differs);
+    if (none && status == 0)
+        return print_report(context, {});
     for (const Change &change : changes) {
         if (!differs(change))
             continue;

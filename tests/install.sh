@@ -24,7 +24,7 @@ said=$(systemd-analyze security --offline=yes --threshold=40 --no-pager "$unit")
 # The daemon alone is made without what the rest needs.
 mkdir "$root/only"
 cp "$(pkg-config --variable=pcfiledir libtirpc)/libtirpc.pc" "$root/only"
-said=$(PKG_CONFIG_LIBDIR=$root/only cmake -S "$here/.." -B "$root/bare" \
+said=$(PKG_CONFIG_LIBDIR=$root/only cmake -G Ninja -S "$here/.." -B "$root/bare" \
     -DWLAN_CLIENT=OFF -DWLAN_SIM=OFF -DWLAN_MANUALS=OFF \
     -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON 2>&1) || complain "$said"
 exit $failed

@@ -166,6 +166,8 @@ class Provisioning(OnTheGateway):
             told = [json.loads(line) for line in ran.stdout.splitlines()]
             self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)
             self.assertEqual((ran.returncode, "line 2 failed" in ran.stderr), (status, True))
+        renumbered = wlanctl("batch", input="get ssid zv00\nup 5\nget ssid zv00\ndown\nup\nget ssid zv00\n").stdout.splitlines()
+        self.assertEqual([json.loads(line)["index"] for line in renumbered if "ssid" in line], [9, 1, 9])
 
 
 if __name__ == "__main__":

@@ -55,13 +55,13 @@ bool initialises(const Answer &answer) { return answer.code == code_in_progress;
 bool scans(const Answer &answer) { return answer.code >= 0 && answer.numbers.at(0) == scan_running; }
 
 // Of an action: after Ctrl-C, that it goes on, on standard error in any case.
-int print_end(const Output &output, Error error, const char *action) {
+int print_end(const Output &output, Error error, const char *action, const Procedure &procedure) {
     if (error.trouble == Trouble::interrupted) {
         error.message = fmt::format("no longer waiting; the {}", action);
         if (output.json)
             fmt::print(stderr, "wlanctl: {}\n", error.message);
     }
-    return print_error(output, error);
+    return print_error(output, error, &procedure);
 }
 
 // Whether the driver is to be brought up for other radios than those that it runs.
@@ -85,19 +85,11 @@ Error check_running(Context &context, const Radios &wanted) {
 
 // The procedures of a scan, and its interface.
 struct Scan {
-    const Procedure *begin = nullptr, *status = nullptr, *result = nullptr;
+    const Procedure *begin = find_procedure("wlan_ap_scan"),
+                    *status = find_procedure("wlan_get_ap_scan_status"),
+                    *result = find_procedure("wlan_get_ap_scan_result");
     Values index{};
 };
-
-Error find_scan(Context &context, const std::string &index, Scan &ret_scan) {
-    if (Error error = find_or_suggest("wlan_", "ap_scan", ret_scan.begin))
-        return error;
-    if (Error error = find_or_suggest("wlan_", "get_ap_scan_status", ret_scan.status))
-        return error;
-    if (Error error = find_or_suggest("wlan_", "get_ap_scan_result", ret_scan.result))
-        return error;
-    return take_arguments(context, *ret_scan.begin, {index}, ret_scan.index);
-}
 
 int print_refusal(Context &context, Scan &scan, const Answer &refusal) {
     Answer status;
@@ -120,43 +112,6 @@ int print_chart(Context &context, const Scan &scan, const Answer &result) {
     band.name = band_of(name_of(context.gateway, scan.index.list.front().number));
     fmt::print("{}", chart_of(band, width_of_terminal()));
     return 0;
-}
-
-} // namespace
-
-int up(Context &context, const Words &words) {
-    const std::string name = words.empty() ? "dual" : words.front();
-    const auto *chosen =
-        std::find_if(radios.begin(), radios.end(), [&](const Radios &each) { return name == each.name; });
-    if (chosen == radios.end())
-        return print_error(context.output, {Trouble::usage, fmt::format("'{}' is not dual, 24 or 5", name)});
-    Connection &connection = context.connection;
-    const Output &output = context.output;
-    const Procedure &load = *find_procedure("wlan_load"), &init = *find_procedure("wlan_init");
-    const Values none, flags{{{.number = chosen->flags}}};
-    Answer answer;
-    if (Error error = find_daemon(connection))
-        return print_error(output, error);
-    if (Error error = check_running(context, *chosen))
-        return print_end(output, error, "driver was not touched");
-    if (context.options.dry_run) {
-        print_call(output, load, flags);
-        print_call(output, init, none);
-        return 0;
-    }
-    context.gateway = {}; // a load gives the interfaces other numbers, also one that fails
-    if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
-        return print_end(output, error, "load goes on, and no initialisation follows it");
-    if (answer.code < 0)
-        return print_outcome(context, load, flags, answer);
-    if (Error error = poll(connection, init, none, "initialising", initialises, answer))
-        return print_end(output, error, "initialisation goes on");
-    return print_outcome(context, init, none, answer);
-}
-
-int restart(Context &context, const Words &words) {
-    return words.front() == "all" ? call(context, {"restart_all"})
-                                  : call(context, {"restart", words.front()});
 }
 
 // The daemon answers before the restart begins and does not tell how it ended: it is over when the first
@@ -184,6 +139,55 @@ Error restart_and_wait(Context &context, std::int64_t index) {
     return {Trouble::timeout, "the restart goes on"};
 }
 
+} // namespace
+
+int up(Context &context, const Words &words) {
+    const std::string name = words.empty() ? "dual" : words.front();
+    const auto *chosen =
+        std::find_if(radios.begin(), radios.end(), [&](const Radios &each) { return name == each.name; });
+    if (chosen == radios.end())
+        return print_error(context.output, {Trouble::usage, fmt::format("'{}' is not dual, 24 or 5", name)});
+    Connection &connection = context.connection;
+    const Output &output = context.output;
+    const Procedure &load = *find_procedure("wlan_load"), &init = *find_procedure("wlan_init");
+    const Values none, flags{{{.number = chosen->flags}}};
+    Answer answer;
+    if (Error error = find_daemon(connection))
+        return print_error(output, error);
+    if (Error error = check_running(context, *chosen))
+        return print_end(output, error, "driver was not touched", load);
+    if (context.options.dry_run) {
+        print_call(output, load, flags);
+        print_call(output, init, none);
+        return 0;
+    }
+    context.gateway = {}; // a load gives the interfaces other numbers, also one that fails
+    if (Error error = ask_visibly(connection, load, flags, "loading", long_patience, answer))
+        return print_end(output, error, "load goes on, and no initialisation follows it", load);
+    if (answer.code < 0)
+        return print_outcome(context, load, flags, answer);
+    if (Error error = poll(connection, init, none, "initialising", initialises, answer))
+        return print_end(output, error, "initialisation goes on", init);
+    return print_outcome(context, init, none, answer);
+}
+
+int restart(Context &context, const Words &words) {
+    return words.front() == "all" ? call(context, {"restart_all"})
+                                  : call(context, {"restart", words.front()});
+}
+
+Acts make_act(Context &context, std::int64_t index, const std::string &word) {
+    bool is_up = false;
+    Error error = find_driver(context.connection, is_up);
+    if (!error && !is_up)
+        return {"when the driver comes up", "wlanctl up"};
+    if (!error)
+        error = restart_and_wait(context, index);
+    if (!error)
+        return {restarted};
+    return {"at the next restart", fmt::format("wlanctl restart {}", word), error};
+}
+
 int down(Context &context, const Words &) {
     const Procedure &reset = *find_procedure("wlan_reset");
     Answer answer;
@@ -195,7 +199,7 @@ int down(Context &context, const Words &) {
         return print_error(context.output, error);
     context.gateway = {};
     if (Error error = ask_visibly(context.connection, reset, {}, "stopping", long_patience, answer))
-        return print_end(context.output, error, "stop goes on");
+        return print_end(context.output, error, "stop goes on", reset);
     return print_outcome(context, reset, {}, answer);
 }
 
@@ -204,8 +208,8 @@ int scan(Context &context, const Words &words) {
     const Output &output = context.output;
     Scan scan;
     Answer status, result;
-    if (Error error = find_scan(context, words.front(), scan))
-        return print_error(output, error);
+    if (Error error = take_arguments(context, *scan.begin, words, scan.index))
+        return print_error(output, error, scan.begin);
     if (context.options.dry_run) {
         print_call(output, *scan.begin, scan.index);
         return 0;
@@ -213,12 +217,12 @@ int scan(Context &context, const Words &words) {
     if (Error error = find_daemon(connection))
         return print_error(output, error);
     if (Error error = ask_visibly(connection, *scan.begin, scan.index, "scanning", short_patience, result))
-        return print_end(output, error, "scan goes on");
+        return print_end(output, error, "scan goes on", *scan.begin);
     if (result.code < 0)
         return print_refusal(context, scan, result);
     do { // again, if somebody else has begun a scan before the result was fetched
         if (Error error = poll(connection, *scan.status, scan.index, "scanning", scans, status))
-            return print_end(output, error, "scan goes on");
+            return print_end(output, error, "scan goes on", *scan.begin);
         if (status.code < 0 || status.numbers.at(0) != scan_finished)
             return print_error(output, {Trouble::failed, "the scan failed"});
         if (Error error = ask(connection, *scan.result, scan.index, result))
@@ -236,21 +240,21 @@ int stations(Context &context, const Words &words) {
 }
 
 int stats(Context &context, const Words &words) {
+    const Procedure &basic = *find_procedure("wlan_get_basic_stats"),
+                    &more = *find_procedure("wlan_get_stats");
+    Values index;
+    if (Error error = take_arguments(context, basic, words, index))
+        return print_error(context.output, error, &basic);
+    Values traffic = index;
+    traffic.list.push_back({}); // 0: the traffic counters
     std::vector<std::pair<const Procedure *, Answer>> answers;
-    const std::string &index = words.front();
-    const std::pair<const char *, Words> calls[] = {{"get_basic_stats", {index}},
-                                                    {"get_stats", {index, "0"}}}; // 0: the traffic counters
-    for (const auto &[name, given] : calls) {
-        auto &[procedure, answer] = answers.emplace_back();
-        Values arguments;
-        if (Error error = find_or_suggest("wlan_", name, procedure))
-            return print_error(context.output, error);
-        if (Error error = take_arguments(context, *procedure, given, arguments))
-            return print_error(context.output, error, procedure);
+    for (const auto &[procedure, arguments] : {std::pair{&basic, index}, std::pair{&more, traffic}}) {
+        Answer answer;
         if (Error error = ask(context.connection, *procedure, arguments, answer))
             return print_error(context.output, error, procedure);
         if (answer.code < 0)
             return print_outcome(context, *procedure, arguments, answer);
+        answers.emplace_back(procedure, std::move(answer));
     }
-    return print_records(context.output, answers);
+    return print_records(context.output, subject_of(context, basic, index, {}), answers);
 }

@@ -1,10 +1,7 @@
 #include "client/command_line.h"
+#include "client/file.h"
 
-#include <cerrno>
-#include <cstring>
 #include <fmt/format.h>
-#include <fstream>
-#include <iostream>
 #include <optional>
 #include <string>
 
@@ -65,18 +62,15 @@ int run_line(Context &context, const std::string &line) {
 
 int batch(Context &context, const Words &words) {
     const std::string path = words.empty() ? "-" : words.front();
-    std::ifstream file;
-    if (path != "-")
-        file.open(path);
-    if (!file)
-        return print_error(context.output,
-                           {Trouble::usage, fmt::format("cannot read {}: {}", path, std::strerror(errno))});
-    std::istream &source = path == "-" ? std::cin : file;
+    File file;
+    if (Error error = open_file(path, file))
+        return print_error(context.output, error);
     context.output.json = true;
     context.options.input_taken = path == "-";
     int first_failure = 0;
     std::string line;
-    for (std::size_t number = 1; std::getline(source, line); ++number) {
+    Error unread;
+    for (std::size_t number = 1; read_line(file.get(), path, line, unread); ++number) {
         const int status = run_line(context, line);
         if (status == 0)
             continue;
@@ -85,7 +79,7 @@ int batch(Context &context, const Words &words) {
         if (!context.options.keep_going || status == static_cast<int>(Trouble::interrupted))
             break;
     }
-    if (source.bad() && first_failure == 0)
-        return print_error(context.output, {Trouble::usage, fmt::format("cannot read {}", path)});
+    if (unread && first_failure == 0)
+        return print_error(context.output, unread);
     return first_failure;
 }

@@ -122,6 +122,6 @@ int print_failure(const Context &context, const Procedure &procedure, const Valu
     }
     fmt::print(stderr, "wlanctl: {}\n", message);
     for (const Reason &reason : reasons)
-        fmt::print(stderr, "  {}{}\n", reason.sure ? "" : "perhaps ", line_of(reason));
+        fmt::print(stderr, "  {}{}\n", reason.sure ? "" : "perhaps ", shown_on(stderr, line_of(reason)));
     return static_cast<int>(Trouble::failed);
 }

@@ -8,6 +8,8 @@
 
 namespace {
 
+constexpr std::size_t longest_shown = 64; // bytes of a value in a message
+
 bool matches(const std::string &text, const char *pattern) {
     regex_t expression{};
     if (regcomp(&expression, fmt::format("^({})$", pattern).c_str(), REG_EXTENDED | REG_NOSUB) != 0)
@@ -60,7 +62,9 @@ Error check_arguments(const Procedure &procedure, const Values &arguments) {
         const Value &value = arguments.list[i];
         if (is_interface_index(argument) || is_sensible(meaning, value))
             continue;
-        const std::string shown = argument.is_secret         ? "the value"
+        const std::string shown = argument.is_secret ? "the value"
+                                  : value.text.size() > longest_shown
+                                      ? fmt::format("a text of {} bytes", value.text.size())
                                   : value.kind == Kind::text ? fmt::format("'{}'", value.text)
                                                              : fmt::format("{}", value.number);
         return {Trouble::usage,

@@ -60,7 +60,6 @@ void add(CommandLine &line, const Subcommand &subcommand) {
             added->add_flag(flag.name, line.context.options.*flag.says, flag.help);
         else
             added->add_option(flag.name, line.context.options.*flag.seconds, flag.help)
-                ->check(CLI::Range(shortest_interval, longest_timeout))
                 ->capture_default_str();
     std::string footer = fmt::format("Examples:\n  {}", subcommand.examples);
     footer.replace(footer.rfind('\n'), 1, "\n  ");
@@ -101,12 +100,12 @@ void set_up(CommandLine &line) {
     app.add_flag("--show-secrets", output.show_secrets, "print keys, passphrases and PINs");
     app.add_option("--columns", output.columns, "columns of a table, with commas between")
         ->delimiter(',')
+        ->allow_extra_args(false)
         ->type_name("NAMES");
     app.add_flag_callback(
         "--no-header", [&output] { output.header = false; }, "leave the heading of a table out");
     for (const Subcommand &each : subcommands())
-        if (!line.in_batch || each.run != batch)
-            add(line, each);
+        add(line, each);
     if (line.in_batch)
         return;
     for (const CLI::Option *option : app.get_options())
@@ -122,12 +121,16 @@ bool looks_like_option(const std::string &word) {
 Error check(const CommandLine &line, const std::vector<std::string> &words) {
     const auto option = std::find_if(words.begin(), words.end(), looks_like_option);
     if (option != words.end())
-        return {Trouble::usage,
-                fmt::format("unknown option {} (values that begin with - go behind --)", *option)};
+        return {Trouble::usage, fmt::format("unknown option{}; values that begin with - go behind --",
+                                            option->starts_with("--") ? " " + *option : "")};
     const double timeout = line.context.connection.timeout.value_or(usual_patience);
     if (!(timeout > 0 && timeout <= longest_timeout))
         return {Trouble::usage,
                 fmt::format("--timeout takes seconds, above 0 and up to {}", longest_timeout)};
+    const double interval = line.context.options.interval;
+    if (!(interval >= shortest_interval && interval <= longest_timeout))
+        return {Trouble::usage,
+                fmt::format("--interval takes seconds, {} to {}", shortest_interval, longest_timeout)};
     return {};
 }
 
@@ -136,6 +139,9 @@ int run(CommandLine &line, const Words &given) {
     const auto all = subcommands();
     const auto subcommand =
         std::find_if(all.begin(), all.end(), [&](auto &each) { return each.name == name; });
+    if (line.in_batch && !subcommand->in_batch)
+        return print_error(line.context.output,
+                           {Trouble::usage, fmt::format("'{}' is not for a batch", name)});
     if (subcommand->takes != Takes::several && !given.empty())
         return print_error(line.context.output,
                            {Trouble::usage, fmt::format("'{}' is too much", given.front())});

@@ -67,17 +67,18 @@ int call_named(Context &context, const std::string &prefix, const Words &words) 
 Acts when_it_acts(Context &context, const Procedure &procedure, const Answer &answer,
                   const Subject &subject) {
     const std::string when = knowledge_of(procedure).effect;
-    if (!procedure.name.starts_with("wlan_set_") || procedure.result != Result::code ||
-        answer.code != code_done)
+    const bool to_restart = context.options.restart && when == "at the next restart";
+    // What is stored already may wait for a restart, too.
+    const bool stored = answer.code == code_done || (answer.code == code_unchanged && to_restart);
+    if (!procedure.name.starts_with("wlan_set_") || procedure.result != Result::code || !stored)
         return {};
     if (when == "at the next load")
         return {when, "wlanctl down, wlanctl up"};
     if (when != "at the next restart")
         return {when == "none" ? "" : when};
-    Error error;
-    if (context.options.restart && !(error = restart_and_wait(context, subject.index)))
-        return {"after the restart"};
-    return {when, fmt::format("wlanctl restart {}", subject.index == 0 ? "all" : subject.interface), error};
+    return to_restart ? make_act(context, subject.index, subject.index == 0 ? "all" : subject.interface)
+                      : Acts{when, fmt::format("wlanctl restart {}",
+                                               subject.index == 0 ? "all" : subject.interface)};
 }
 
 } // namespace
@@ -86,11 +87,12 @@ int list(Context &context, const Words &words) {
     const std::string word = words.empty() ? "" : words.front();
     std::vector<const Procedure *> found;
     for (const Procedure &each : protocol)
-        if (contains(each.name, word))
+        if (contains(each.name, word) || contains(knowledge_of(each).summary, word))
             found.push_back(&each);
     if (found.empty())
-        return print_error(context.output,
-                           {Trouble::failed, fmt::format("no procedure has '{}' in its name", word)});
+        return print_error(
+            context.output,
+            {Trouble::failed, fmt::format("no procedure has '{}' in its name or summary", word)});
     return print_procedures(context.output, found);
 }
 

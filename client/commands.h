@@ -93,5 +93,6 @@ int batch(Context &context, const Words &words);
 int print_outcome(Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer);
 
-// Restarts the radio of the interface, or all for 0, and waits until its interfaces are up again.
-Error restart_and_wait(Context &context, std::int64_t index);
+// Restarts the radio of the interface, or all for 0, and waits until its interfaces are up again; where the
+// driver is not up, the change waits for that instead. `word` names the interface in a command.
+Acts make_act(Context &context, std::int64_t index, const std::string &word);

@@ -122,6 +122,8 @@ void add_argument(Context &context, const Line &line, Candidates &candidates) {
     const std::string prefix = prefix_of(*line.subcommand), &name = line.behind.front();
     const Procedure *procedure = find_procedure(name.starts_with(prefix) ? name : prefix + name);
     const std::size_t place = line.behind.size() - 1;
+    if (line.subcommand->argument == std::string_view("WHAT") && place == 0)
+        add_interfaces(context, candidates);
     if (procedure == nullptr || place >= procedure->arguments.count)
         return;
     if (is_interface_index(procedure->arguments.fields.at(place)))

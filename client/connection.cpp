@@ -50,7 +50,7 @@ Error take_value(const wlan_config_result_data_t &result, const Procedure &proce
 }
 
 Server daemon_of(const Connection &connection) {
-    return {"the daemon",
+    return {fmt::format("the daemon of {}", connection.host),
             connection.address,
             WLAN_CONFIG_RPC_PROG,
             WLAN_CONFIG_API_VERSION,
@@ -60,6 +60,12 @@ Server daemon_of(const Connection &connection) {
 
 bool is_lost(const Question &question) {
     return question.error.trouble == Trouble::timeout || question.error.trouble == Trouble::unreachable;
+}
+
+// An action whose reply was lost may have been done; one that was refused was not.
+bool may_be_repeated(const Question &question) {
+    return is_lost(question) &&
+           (!question.procedure->runs_again || question.error.trouble == Trouble::unreachable);
 }
 
 // An action is never asked for twice; what takes its time is given it.
@@ -166,7 +172,7 @@ void call(Connection &connection, std::span<Question> questions) {
                 if (is_lost(question))
                     question.error = unknown;
     } else if (connection.address.sin_port != silent) {
-        call_once(connection, questions, is_lost);
+        call_once(connection, questions, may_be_repeated);
     }
 }
 

@@ -51,6 +51,7 @@ struct Question {
 
 // Calls all of them, some on the way at a time. A lost datagram is sent again within the time-out where that
 // does no harm: the daemon would do an action twice. When the portmapper then names another port, where a
-// restarted daemon has not seen them, calls without a reply are made there.
+// restarted daemon has not seen them, calls without a reply are made there, but for actions, which may have
+// been done.
 void call(Connection &connection, std::span<Question> questions);
 Error call(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer);

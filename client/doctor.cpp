@@ -1,5 +1,6 @@
 #include "client/commands.h"
 #include "client/exchange.h"
+#include "client/file.h"
 #include "client/knowledge.h"
 #include "client/lookup.h"
 #include "client/machine.h"
@@ -12,8 +13,6 @@
 #include <cstring>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
-#include <fstream>
-#include <iterator>
 #include <set>
 #include <unistd.h>
 
@@ -54,6 +53,12 @@ Plank broken_by(const char *name, const Error &error, const std::string &cure = 
     return {name, State::broken, error.message.substr(0, end), cure.empty() ? own : cure};
 }
 
+std::string shown_address(in_addr_t address) {
+    std::array<char, INET_ADDRSTRLEN> text{};
+    inet_ntop(AF_INET, &address, text.data(), text.size());
+    return text.data();
+}
+
 void visit_host(Visit &visit) {
     Connection &connection = visit.context.connection;
     if (Error error = resolve(connection, connection.address))
@@ -61,11 +66,9 @@ void visit_host(Visit &visit) {
     visit.is_here = is_this_machine(connection);
     if (visit.is_here)
         visit.daemons = find_daemons();
-    std::array<char, INET_ADDRSTRLEN> address{};
-    inet_ntop(AF_INET, &connection.address.sin_addr, address.data(), address.size());
-    visit.add(
-        {"host", State::ok,
-         fmt::format("{} is {}{}", connection.host, address.data(), visit.is_here ? ", this machine" : "")});
+    visit.add({"host", State::ok,
+               fmt::format("{} is {}{}", connection.host, shown_address(connection.address.sin_addr.s_addr),
+                           visit.is_here ? ", this machine" : "")});
 }
 
 void visit_portmapper(Visit &visit) {
@@ -109,6 +112,10 @@ void visit_port(Visit &visit) {
                        "then restart it";
     if (visit.is_here && visit.daemons.empty())
         cure = "wlan-configd has ended and its registration has stayed: start it";
+    else if (const auto addresses = addresses_of_port(ntohs(visit.context.connection.address.sin_port));
+             visit.is_here && !addresses.empty() && error.trouble != Trouble::timeout)
+        cure = fmt::format("it listens on another address of this machine: name that, with --host {}",
+                           shown_address(addresses.front()));
     else if (error.trouble != Trouble::timeout)
         cure = "restart wlan-configd: something else has its port, or nothing";
     visit.add(broken_by("null call", error, cure));
@@ -167,10 +174,9 @@ void visit_settings(Visit &visit) {
         return;
     for (const char *name : settings_names) {
         const std::string path = fmt::format("{}/{}", *folder, name);
-        std::ifstream file(path);
-        const std::string text{std::istreambuf_iterator<char>(file), {}};
-        if (!file.is_open() || file.bad()) {
-            visit.add({name, State::warn, "cannot be read", "run wlanctl doctor as root"});
+        std::string text;
+        if (Error error = read_file(path, longest_file, text)) {
+            visit.add({name, State::warn, error.message, "run wlanctl doctor as root"});
             continue;
         }
         const std::vector<std::string> faults = faults_of_settings(text);
@@ -240,11 +246,9 @@ void visit_bind_address(Visit &visit) {
         return;
     if (open == addresses.end())
         return visit.add({"bind address", State::ok, "only this machine reaches the port"});
-    std::array<char, INET_ADDRSTRLEN> address{};
-    inet_ntop(AF_INET, &*open, address.data(), address.size());
     const auto peers =
         is_environment_known(visit) ? visit.daemons.front().variable("WLAN_CONFIGD_PEERS") : std::nullopt;
-    const std::string where = *open == INADDR_ANY ? "all addresses" : address.data();
+    const std::string where = *open == INADDR_ANY ? "all addresses" : shown_address(*open);
     if (peers)
         return visit.add({"bind address", State::ok,
                           fmt::format("open on {}, only to WLAN_CONFIGD_PEERS {}", where, *peers)});
@@ -266,11 +270,10 @@ void visit_entries(Visit &visit) {
 }
 
 void visit_driver(Visit &visit) {
-    Answer status;
-    const Values first{{{Kind::integer, 1}}};
-    if (Error error = ask(visit.context.connection, *find_procedure("wlan_get_status"), first, status))
+    bool is_up = false;
+    if (Error error = find_driver(visit.context.connection, is_up))
         return visit.add(broken_by("driver", error));
-    if (status.text.empty())
+    if (!is_up)
         return visit.add({"driver", State::warn, "not initialised", "wlanctl up"});
     visit.add({"driver", State::ok, "initialised"});
 }

@@ -117,7 +117,10 @@ public:
     // Sends what is due and gives up what is too late. The time until one of both has to be done again.
     Error send_due(int descriptor, Clock::duration &ret_patience) {
         const Clock::time_point now = Clock::now();
-        std::erase_if(flights_, [&](const Flight &flight) { return give_up(flight, now); });
+        const std::size_t late =
+            std::erase_if(flights_, [&](const Flight &flight) { return give_up(flight, now); });
+        if (late > 0 && now - heard_ >= lasting(server_.timeout))
+            end(late_error()); // nobody is there: the rest would wait as long, one group after the other
         ret_patience = flights_.empty() ? Clock::duration::zero() : longest_sleep;
         for (Flight &flight : flights_) {
             if (flight.next <= now) {
@@ -138,6 +141,7 @@ public:
         });
         if (answered == flights_.end())
             return;
+        heard_ = Clock::now();
         answered->exchange->error = decode_reply(server_, datagram, answered->exchange->result);
         flights_.erase(answered);
     }
@@ -156,14 +160,19 @@ private:
     bool give_up(const Flight &flight, Clock::time_point now) const {
         if (now < flight.end)
             return false;
-        flight.exchange->error = {Trouble::timeout, fmt::format("no reply from {} in time ({} s)",
-                                                                server_.who, server_.timeout.count())};
+        flight.exchange->error = late_error();
         return true;
+    }
+
+    Error late_error() const {
+        return {Trouble::timeout,
+                fmt::format("no reply from {} in time ({} s)", server_.who, server_.timeout.count())};
     }
 
     const Server &server_;
     std::span<Exchange> waiting_;
     std::vector<Flight> flights_{};
+    Clock::time_point heard_ = Clock::now(); // a reply
 };
 
 } // namespace

@@ -179,7 +179,7 @@ int export_settings(Context &context, const Words &words) {
     if (!words.empty())
         if (Error error = take_arguments(context, *find_procedure("wlan_get_status"), words, index))
             return print_error(context.output, error);
-    if (Error error = find_names(context.connection, context.gateway))
+    if (Error error = find_some_names(context))
         return print_error(context.output, error);
     const std::vector<Place> places = places_of(context.gateway, index.list[0].number);
     std::vector<Item> items;

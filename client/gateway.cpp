@@ -1,5 +1,7 @@
 #include "client/gateway.h"
 
+#include "client/text.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 
@@ -34,9 +36,18 @@ Error find_names(Connection &connection, Gateway &gateway) {
     for (const Question &question : questions) {
         if (question.error)
             return question.error;
-        names.push_back(question.answer.text);
+        names.push_back(printable(question.answer.text, true)); // for tables, commands and completion
     }
     gateway.names = std::move(names);
+    return {};
+}
+
+Error find_driver(Connection &connection, bool &ret_is_up) {
+    Answer status;
+    const Values first{{{Kind::integer, 1}}};
+    if (Error error = call(connection, *find_procedure("wlan_get_status"), first, status))
+        return error;
+    ret_is_up = !status.text.empty();
     return {};
 }
 

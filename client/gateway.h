@@ -18,6 +18,9 @@ Error find_entries(Connection &connection, Gateway &gateway);
 // Their names, too.
 Error find_names(Connection &connection, Gateway &gateway);
 
+// Whether the driver is initialised: until then, the status of its first interface is empty.
+Error find_driver(Connection &connection, bool &ret_is_up);
+
 // The index of an interface of that name, or 0.
 std::int64_t index_of(const Gateway &gateway, std::string_view name);
 // The name, or the index where no name is known.

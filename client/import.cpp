@@ -1,11 +1,13 @@
 #include "client/causes.h"
 #include "client/commands.h"
+#include "client/lookup.h"
 #include "client/provision.h"
 #include "client/table.h"
 #include "client/text.h"
 
 #include <algorithm>
 #include <fmt/format.h>
+#include <tuple>
 
 namespace {
 
@@ -73,7 +75,7 @@ void print_strangers(const SettingsFile &file) {
 Error prepare(Context &context, const std::string &path, SettingsFile &file, std::vector<Change> &changes) {
     if (path == "-" && context.options.input_taken)
         return {Trouble::usage, "standard input has the lines of the batch"};
-    if (Error error = find_names(context.connection, context.gateway))
+    if (Error error = find_some_names(context))
         return error;
     if (Error error = read_settings_file(path, context.gateway, file))
         return error;
@@ -142,7 +144,7 @@ void print_report_json(const Context &context, const Report &report) {
     }
     Json object{{"status", outcome(report)}, {"changes", list}, {"skipped", strangers_json(report.file)}};
     if (report.error)
-        object["error"] = report.error.message;
+        object["error"] = error_json(report.error, nullptr, nullptr, Json::array());
     if (report.put_back)
         object["put_back"] = *report.put_back;
     if (!report.acts.empty())
@@ -168,8 +170,8 @@ int print_report(const Context &context, const Report &report) {
     else if (succeeded(report))
         fmt::print("unchanged\n");
     if (!report.acts.empty())
-        fmt::print("acts {}{}{}{}\n", report.acts, report.by.empty() ? "" : " (", report.by,
-                   report.by.empty() ? "" : ")");
+        fmt::print("{}\n", report.acts == restarted ? "the radio was restarted"
+                                                    : fmt::format("acts {} ({})", report.acts, report.by));
     std::fflush(stdout);
     print_strangers(report.file);
     if (report.error)
@@ -195,17 +197,21 @@ std::vector<std::int64_t> radios_to_restart(const Context &context, const std::v
     return radios;
 }
 
-// When the changes act; with --restart, one restart makes them.
+// When the changes act; with --restart, one restart makes them, and what it has set back shows.
 Error make_act(Context &context, Report &report) {
     const std::vector<std::int64_t> radios = radios_to_restart(context, report.changes);
     const std::int64_t index = radios.size() == 1 ? radios[0] : 0;
+    const std::string word = index == 0 ? "all" : name_of(context.gateway, index);
     if (!radios.empty() && context.options.restart) {
-        if (Error error = restart_and_wait(context, index))
+        const Acts acts = make_act(context, index, word);
+        std::tie(report.acts, report.by) = std::tie(acts.when, acts.by);
+        if (acts.failed)
+            return acts.failed;
+        if (Error error = look(context.connection, report.changes))
             return error;
-        report.acts = "after the restart";
     } else if (!radios.empty()) {
         report.acts = at_restart;
-        report.by = fmt::format("wlanctl restart {}", index == 0 ? "all" : name_of(context.gateway, index));
+        report.by = fmt::format("wlanctl restart {}", word);
     }
     if (std::any_of(report.changes.begin(), report.changes.end(), [](const Change &change) {
             return was_set(change) && knowledge_of(*change.wanted.setting->set).effect == at_load;
@@ -259,7 +265,10 @@ int show_calls(Context &context, const std::vector<Change> &changes, const Setti
                             {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
                                                           setting_name(change.wanted), change.hindrance)});
     }
-    print_strangers(file);
+    if (context.output.json && !file.strangers.empty())
+        print_json({{"status", "failed"}, {"changes", Json::array()}, {"skipped", strangers_json(file)}});
+    else
+        print_strangers(file);
     return status;
 }
 

@@ -50,10 +50,8 @@ Error no_interfaces(const Connection &connection) {
 Error find_index(Context &context, const std::string &given, Value &ret_value) {
     Gateway &gateway = context.gateway;
     if (looks_like_interface(given)) {
-        if (Error error = find_names(context.connection, gateway))
+        if (Error error = find_some_names(context))
             return error;
-        if (*gateway.entries == 0)
-            return no_interfaces(context.connection);
         ret_value = {Kind::integer, index_of(gateway, given)};
         if (ret_value.number == 0)
             return {Trouble::usage,
@@ -134,6 +132,12 @@ Error unknown(std::string_view prefix, std::string_view name) {
     for (std::size_t i = 0; i < near.size(); ++i)
         message += fmt::format("{}{}", i == 0 ? "; did you mean " : ", ", near[i].second);
     return {Trouble::usage, message + (near.empty() ? " (see wlanctl list)" : "?")};
+}
+
+Error find_some_names(Context &context) {
+    if (Error error = find_names(context.connection, context.gateway))
+        return error;
+    return *context.gateway.entries == 0 ? no_interfaces(context.connection) : Error{};
 }
 
 Error find_or_suggest(const std::string &prefix, const std::string &name, const Procedure *&ret_procedure) {

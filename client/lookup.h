@@ -14,6 +14,9 @@ Error unknown(std::string_view prefix, std::string_view name);
 // right.
 Error take_arguments(Context &context, const Procedure &procedure, const Words &given, Values &ret_arguments);
 
+// The names of the interfaces; an error where there is none, which says why where that can be seen.
+Error find_some_names(Context &context);
+
 // The interface that the call or its answer is about, with its name where that is told and of use.
 Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments,
                    const Answer &answer);

@@ -304,5 +304,7 @@ int metrics(Context &context, const Words &) {
         add_stations(gateway, text);
     }
     text.print();
-    return error ? print_error(context.output, error) : 0;
+    Output plain = context.output;
+    plain.json = false; // standard output has the metrics
+    return error ? print_error(plain, error) : 0;
 }

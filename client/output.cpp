@@ -75,19 +75,30 @@ void add_value(Json &object, const Output &output, const Procedure &procedure, c
     }
 }
 
-void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
-                       const Subject &subject, const Acts &acts) {
-    Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
+void add_subject(Json &object, const Subject &subject) {
     if (subject.index != 0)
         object["index"] = subject.index;
     if (!subject.interface.empty())
         object["interface"] = subject.interface;
+}
+
+void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
+                       const Subject &subject, const Acts &acts) {
+    Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
+    add_subject(object, subject);
     if (!acts.when.empty())
         object["acts"] = acts.when;
     if (!acts.by.empty())
         object["by"] = acts.by;
     if (has_value(procedure))
         add_value(object, output, procedure, answer);
+    print_json(object);
+}
+
+void print_records_json(const Subject &subject, const Json &value) {
+    Json object{{"status", status_name(0)}, {"code", 0}};
+    add_subject(object, subject);
+    object["value"] = value;
     print_json(object);
 }
 
@@ -173,8 +184,10 @@ int print_value(const Output &output, const Procedure &procedure, const Answer &
 void print_code(const Answer &answer, const Acts &acts) {
     if (acts.when.empty())
         fmt::print("{}\n", status_name(answer.code));
+    else if (acts.when == restarted)
+        fmt::print("stored, and the radio restarted\n");
     else if (acts.by.empty())
-        fmt::print("in force{}\n", acts.when == "at once" ? "" : fmt::format(" {}", acts.when));
+        fmt::print("in force\n");
     else
         fmt::print("stored; acts {} ({})\n", acts.when, acts.by);
 }
@@ -210,7 +223,8 @@ int print_answer(const Output &output, const Procedure &procedure, const Answer 
     return 0;
 }
 
-int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers) {
+int print_records(const Output &output, const Subject &subject,
+                  const std::vector<std::pair<const Procedure *, Answer>> &answers) {
     Json value = Json::object();
     int status = 0;
     for (const auto &[procedure, answer] : answers)
@@ -219,7 +233,7 @@ int print_records(const Output &output, const std::vector<std::pair<const Proced
         else
             status = std::max(status, print_value(output, *procedure, answer, {}));
     if (output.json)
-        print_json({{"status", status_name(0)}, {"code", 0}, {"value", value}});
+        print_records_json(subject, value);
     return status;
 }
 

@@ -19,6 +19,9 @@ struct Output {
     std::vector<std::string> columns{}; // of tables, chosen by name; none: all
 };
 
+// Of a change whose radio was restarted; whether the platform's script succeeded is not told.
+inline constexpr char restarted[] = "restarted";
+
 // When a change acts, and the command that makes it: "at the next restart", "wlanctl restart zv00".
 struct Acts {
     std::string when{}, by{};
@@ -39,7 +42,8 @@ Json value_of(const Procedure &procedure, const Answer &answer);
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});
 // Records that belong together, as one; none of the answers is a failure.
-int print_records(const Output &output, const std::vector<std::pair<const Procedure *, Answer>> &answers);
+int print_records(const Output &output, const Subject &subject,
+                  const std::vector<std::pair<const Procedure *, Answer>> &answers);
 // The call that would be made.
 void print_call(const Output &output, const Procedure &procedure, const Values &arguments);
 // What is known of the procedure and the code stands in JSON; `causes` is an array of it.

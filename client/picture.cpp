@@ -56,8 +56,10 @@ void fit(Picture &picture, std::size_t lines) {
         const std::size_t cut = std::min(table->rows.size(), excess + 1 - gone); // one for the last row
         table->rows.resize(table->rows.size() - cut);
         gone += cut;
-        if (cut > 0)
-            table->rows.push_back({fmt::format("... {} more", cut)});
+        if (cut > 0) {
+            table->rows.emplace_back(table->heading.size());
+            table->rows.back().front() = fmt::format("... {} more", cut);
+        }
         gone -= cut > 0 ? 1 : 0;
     }
     while (excess > gone && !text.empty()) {

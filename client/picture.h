@@ -10,7 +10,7 @@
 struct Picture {
     std::string text{}; // lines above the tables
     std::vector<Table> tables{};
-    Json value = nullptr;
+    Json value{};
 };
 
 // A column of a table that is made of objects.

@@ -1,17 +1,11 @@
 #include "client/settings_file.h"
 
-#include "client/lookup.h"
+#include "client/file.h"
 #include "client/text.h"
 
 #include <algorithm>
-#include <cerrno>
 #include <charconv>
-#include <cstring>
 #include <fmt/format.h>
-#include <fstream>
-#include <iostream>
-#include <iterator>
-#include <sstream>
 #include <toml++/toml.h>
 
 namespace {
@@ -20,18 +14,6 @@ std::optional<std::int64_t> whole_number(std::string_view text) {
     std::int64_t number = 0;
     const auto [end, failed] = std::from_chars(text.begin(), text.end(), number);
     return failed == std::errc{} && end == text.end() ? std::optional(number) : std::nullopt;
-}
-
-Error read_file(const std::string &path, std::string &ret_content) {
-    std::ifstream file;
-    if (path != "-")
-        file.open(path, std::ios::binary);
-    std::istream &source = path == "-" ? std::cin : file;
-    std::ostringstream content;
-    if (!source || (source.peek() != std::istream::traits_type::eof() && !(content << source.rdbuf())))
-        return {Trouble::usage, fmt::format("cannot read {}: {}", path, std::strerror(errno))};
-    ret_content = content.str();
-    return {};
 }
 
 // What is in the node for an argument of that kind; otherwise, what it should be.
@@ -57,6 +39,11 @@ std::string take_value(const toml::node &node, Kind kind, Value &ret_value) {
     else
         return fmt::format("it is to be {}", accepted_values(kind));
     return {};
+}
+
+// The parser cites letters of the file, which may be those of a secret.
+std::string_view without_values(std::string_view description) {
+    return description.substr(0, std::min(description.find(", saw"), description.find(": expected '")));
 }
 
 class Reader {
@@ -175,13 +162,15 @@ std::string written_name(const std::string &name) {
 
 Error read_settings_file(const std::string &path, const Gateway &gateway, SettingsFile &ret_file) {
     std::string content;
-    if (Error error = read_file(path, content))
+    if (Error error = read_file(path, longest_file, content))
         return error;
     try {
         Reader(gateway, ret_file).take(toml::parse(content));
     } catch (const toml::parse_error &wrong) {
-        return {Trouble::usage,
-                fmt::format("{}, line {}: {}", path, wrong.source().begin.line, wrong.description())};
+        return {Trouble::usage, fmt::format("{}, line {}: {}", path, wrong.source().begin.line,
+                                            without_values(wrong.description()))};
     }
+    if (ret_file.items.empty() && ret_file.strangers.empty())
+        return {Trouble::usage, fmt::format("{} holds no settings", path)};
     return {};
 }

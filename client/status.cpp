@@ -1,5 +1,6 @@
 #include "client/status.h"
 
+#include "client/lookup.h"
 #include "client/machine.h"
 
 #include <algorithm>
@@ -152,7 +153,7 @@ Json scan_status_of(const Snapshot &gateway, std::int64_t index) {
 }
 
 Error take_status(Context &context, Picture &ret_picture) {
-    if (Error error = find_names(context.connection, context.gateway))
+    if (Error error = find_some_names(context))
         return error;
     const std::vector<Radio> radios = radios_of(context.gateway);
     Snapshot gateway;

@@ -23,6 +23,7 @@ struct Subcommand {
     int (*run)(Context &context, const Words &words);
     const char *words = "";    // that the first word can be, beside what the argument's name says
     bool is_for_people = true; // shown in the help
+    bool in_batch = true;      // prints a line of JSON, and ends
 };
 
 std::span<const Subcommand> subcommands();

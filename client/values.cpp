@@ -1,5 +1,7 @@
 #include "client/values.h"
 
+#include "client/file.h"
+
 #include <array>
 #include <cerrno>
 #include <charconv>
@@ -58,26 +60,16 @@ std::optional<std::int64_t> parse_boolean(std::string_view given) {
     return std::nullopt;
 }
 
-struct CloseFile {
-    void operator()(std::FILE *file) const {
-        if (file != stdin)
-            std::fclose(file);
-    }
-};
-
 Error read_text(std::string_view given, std::string &ret_text) {
     const bool file_named = given.starts_with('@') && !given.starts_with("@@");
     if (given != "-" && !file_named) {
         ret_text = given.substr(given.starts_with("@@") ? 1 : 0);
         return {};
     }
-    const std::string path{file_named ? given.substr(1) : "standard input"};
-    const std::unique_ptr<std::FILE, CloseFile> file{file_named ? std::fopen(path.c_str(), "re") : stdin};
-    std::array<char, longest_text + 2> buffer; // one more than fits, and a line feed
-    const std::size_t length = file == nullptr ? 0 : std::fread(buffer.data(), 1, buffer.size(), file.get());
-    if (file == nullptr || std::ferror(file.get()) != 0)
-        return {Trouble::usage, fmt::format("cannot read {}: {}", path, std::strerror(errno))};
-    ret_text.assign(buffer.data(), length);
+    // One more than fits, and a line feed: what is too long is told with the argument's name.
+    const std::string path{given.substr(file_named ? 1 : 0)};
+    if (Error error = read_file(path, longest_text + 2, ret_text))
+        return error;
     if (ret_text.ends_with('\n'))
         ret_text.pop_back();
     return {};

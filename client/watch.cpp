@@ -234,7 +234,7 @@ private:
         picture.text.insert(0, fmt::format("wlanctl watch {}, every {} s, {}\n", what_, interval_,
                                            moment(std::time(nullptr))));
         if (error)
-            picture.text.insert(0, fmt::format("no reply since {}:\n  {}\n", moment(silent_since_),
+            picture.text.insert(0, fmt::format("not to be read since {}:\n  {}\n", moment(silent_since_),
                                                wrapped(shown_on(stdout, error.message), 2)));
         if (is_terminal(stdout)) {
             fit(picture, height_of_terminal() - 1);

@@ -181,10 +181,10 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
         {{"up"}, 0, "done\n", ""},
         {{"scan", "zvi07"},
          0,
-         "BSSID\tSSID\tCHANNEL\tBYTE4\tNETWORK TYPE\tCHAR1\tSECURITY\tSTANDARDS\tTEXT4\tSIGNAL (dBm)\tBYTE5\n"
-         "00:00:5E:00:53:C1\tCafe\t1\t1\tESS\t1\tWPA2\t11bgn\tNONE\t-40\t90\n"
-         "00:00:5E:00:53:C2\tNeighbour upstairs\t6\t6\tESS\t1\tWPA2\t11bgn\tNONE\t-63\t90\n"
-         "00:00:5E:00:53:C3\t\t11\t11\tESS\t1\tWPA2\t11bgn\tNONE\t-80\t90\n",
+         "BSSID\tSSID\tCHANNEL\tNETWORK TYPE\tSECURITY\tSTANDARDS\tSIGNAL (dBm)\n"
+         "00:00:5E:00:53:C1\tCafe\t1\tESS\tWPA2\t11bgn\t-40\n"
+         "00:00:5E:00:53:C2\tNeighbour upstairs\t6\tESS\tWPA2\t11bgn\t-63\n"
+         "00:00:5E:00:53:C3\t\t11\tESS\tWPA2\t11bgn\t-80\n",
          ""},
         {{"scan", "99", "--force"}, 1, "", "wlan_ap_scan"},
         {{"scan"}, 2, "", "INDEX"},
@@ -303,7 +303,8 @@ TEST(Wlanctl, TakesAWholeReplyToItsOwnCall) {
         const std::jthread daemon(answer_once, server, body);
         play({{join(port, join(row.words, {"--force"})), row.status, row.out, row.err}});
     }
-    play({{join(port, {"get", "ssid", "1", "--force"}), 3, "", "no reply from the daemon in time (2 s)"}});
+    play({{join(port, {"get", "ssid", "1", "--force"}), 3, "",
+           "no reply from the daemon of 127.0.0.1 in time (2 s)"}});
     close(server);
 }
 
@@ -424,20 +425,23 @@ bool waits(pid_t process, bool with_handler) {
 TEST(Wlanctl, EndsAtCtrlCThoughTheDaemonIsSilent) {
     Gateway gateway;
     kill(gateway.daemon().id(), SIGSTOP);
-    play({{{"--timeout", "0.2", "down"}, 3, "", "wlan_reset: no reply from the daemon in time (0.2 s)"}});
+    play({{{"--timeout", "0.2", "down"},
+           3,
+           "",
+           "wlan_reset: no reply from the daemon of 127.0.0.1 in time (0.2 s)"}});
     const std::string load = "no longer waiting; the driver was not touched";
     const std::string stop = "no longer waiting; the stop goes on",
                       scan = "no longer waiting; the scan goes on";
-    const auto object = [](const std::string &message) {
-        return R"({"error":{"kind":"interrupted","message":")" + message +
-               R"(","procedure":null,"code":null,"causes":[]}})" + "\n";
+    const auto object = [](const std::string &message, const std::string &procedure) {
+        return R"({"error":{"kind":"interrupted","message":")" + message + R"(","procedure":")" + procedure +
+               R"(","code":null,"causes":[]}})" + "\n";
     };
     const Row rows[] = {
         {{"get", "ssid", "1"}, 128 + SIGINT, "", ""},
         {{"up"}, 130, "", "wlanctl: " + load + "\n"},
-        {{"--json", "up"}, 130, object(load), "wlanctl: " + load + "\n"},
-        {{"--json", "down"}, 130, object(stop), "wlanctl: " + stop + "\n"},
-        {{"--json", "scan", "1", "--force"}, 130, object(scan), "wlanctl: " + scan + "\n"},
+        {{"--json", "up"}, 130, object(load, "wlan_load"), "wlanctl: " + load + "\n"},
+        {{"--json", "down"}, 130, object(stop, "wlan_reset"), "wlanctl: " + stop + "\n"},
+        {{"--json", "scan", "1", "--force"}, 130, object(scan, "wlan_ap_scan"), "wlanctl: " + scan + "\n"},
     };
     for (const Row &row : rows) {
         Process waiting(join({BINARY_DIR "/bin/wlanctl"}, row.words), {}, "/tmp/up.out", "/tmp/up.err");

@@ -197,7 +197,7 @@ PRINTED = {
                "get radio_tx_packets 1", "restart zv00", "restore-defaults 1", "wps-oob 1", "down"],
     "call": ["set key_passphrase 1 1 secretsecret --dry-run"], "records": ["stats 1"], "procedures": ["list", "describe country"],
     "description": ["describe ssid", "describe get_ap_scan_result"], "doctor": ["doctor"],
-    "status": ["status"], "export": ["export"], "diff": ["diff /tmp/all.toml"], "import": ["import /tmp/all.toml"],
+    "status": ["status"], "export": ["export"], "diff": ["diff /tmp/all.toml", "diff /tmp/other.toml"], "import": ["import /tmp/all.toml", "import /tmp/other.toml"],
     "error": ["get ssid 77", "get ssid 77 --force", "nonsense", "--host no.invalid get ssid 1", "set ssid 1 ''"],
 }
 
@@ -213,6 +213,7 @@ class Schema(unittest.TestCase):
         self.addCleanup(daemon.wait)
         self.addCleanup(daemon.kill)
         Path("/tmp/all.toml").write_text(run(WLANCTL, "export").stdout)
+        Path("/tmp/other.toml").write_text('[bss.zvi01]\nssid = { hex = "ff00aa" }\nnone = 1\n[bss.zvi02]\nwep_key = { 1 = "x" }\n')
         commands = [(part, command) for part, commands in PRINTED.items() for command in commands]
         commands.sort(key=lambda each: each[1].split()[0] == "down")  # at the end
         for part, command in commands:

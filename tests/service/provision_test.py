@@ -136,7 +136,7 @@ class Provisioning(OnTheGateway):
         self.assertEqual(wlanctl("set", "channel", "zv00", "165").returncode, 1)
         wlanctl("up")
         told, results = self.changes("--restart", self.write("[radio.zv00]\nchannel = 165\nchannel_bw = 0\n"), status=0)
-        self.assertEqual((results["zv00", "channel"], told["acts"]), ("set", "after the restart"))
+        self.assertEqual((results["zv00", "channel"], told["acts"]), ("set", "restarted"))
         self.assertEqual(wlanctl("-r", "get", "current_channel", "zv00").stdout, "165\n")
         wlanctl("down")
         self.changes(self.write("[radio.zvi00]\nchannel = 11\nside_band = 1\n"), status=0)  # the channel changes the side
@@ -166,8 +166,8 @@ class Provisioning(OnTheGateway):
             told = [json.loads(line) for line in ran.stdout.splitlines()]
             self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)
             self.assertEqual((ran.returncode, "line 2 failed" in ran.stderr), (status, True))
-        renumbered = wlanctl("batch", input="get ssid zv00\nup 5\nget ssid zv00\ndown\nup\nget ssid zv00\n").stdout.splitlines()
-        self.assertEqual([json.loads(line)["index"] for line in renumbered if "ssid" in line], [9, 1, 9])
+        renumbered = wlanctl("batch", input="down\nup\nget ssid zv00\ndown\nup 5\nget ssid zv00\ndown\nup\nget ssid zv00\n").stdout.splitlines()
+        self.assertEqual([json.loads(line)["index"] for line in renumbered if "value" in line], [9, 1, 9])
 
 
 if __name__ == "__main__":

@@ -10,7 +10,7 @@
 struct Picture {
     std::string text{}; // lines above the tables
     std::vector<Table> tables{};
-    Json value{};
+    Json value = Json::object();
 };
 
 // A column of a table that is made of objects.

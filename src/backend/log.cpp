@@ -194,6 +194,10 @@ void log_error(const char *format, ...) {
     va_end(values.list);
 }
 
+void log_output(std::string_view text) { standard_output.write(text); }
+
+void log_last_words(std::string_view text) { standard_error.write(text); }
+
 void log_checked_after(const char *who, const char *rest, const char *format, ...) {
     if (!debug_enabled())
         return;

@@ -169,9 +169,12 @@ Finished finish_change(int fd, std::string_view text) {
     const std::string beginning(text.substr(0, change->header.beginning)),
         finished = beginning + std::string(change->new_tail()),
         taken_back = beginning + std::string(change->old_tail());
-    // A text that is whole may have been answered for: it stays.
-    if (replace_text(fd, text, finished, Sync::yes) != Replaced::yes &&
-        (text == finished || replace_text(fd, text, taken_back, Sync::yes) != Replaced::yes))
+    Replaced replaced = replace_text(fd, text, finished, Sync::yes);
+    // A text that is whole may have been answered for: it stays. One that was written in part and not put
+    // back is no longer `text`, but still made of both.
+    if (replaced == Replaced::no && text != finished)
+        replaced = replace_text(fd, text, taken_back, Sync::yes);
+    if (replaced != Replaced::yes)
         return Finished::failed;
     return mark_done() ? Finished::yes : Finished::failed;
 }

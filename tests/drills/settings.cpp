@@ -28,7 +28,8 @@ struct Call {
 };
 static std::vector<Call> calls;
 static std::size_t step, hit = SIZE_MAX; // the call that something happens to
-static char what;                        // the end Before it, in its Middle, After it; it Fails, is Short
+static char what;                        // the end Before it, in its Middle, After it; it Fails, is Short;
+                                         // it is short or fails, and so does Every later write of settings
 static bool reserves = true;
 static ino_t inode;
 
@@ -39,10 +40,11 @@ static long at_call(char kind, int fd, off_t at, std::string_view bytes, auto ru
     fstat(fd, &found);
     calls.push_back({kind, found.st_ino != inode, step, std::size_t(at), std::string(bytes)});
     errno = EIO;
-    if (is_hit && what == 'F')
+    if ((is_hit && (what == 'F' || (what == 'E' && !is_half))) ||
+        (what == 'E' && calls.size() > hit + 1 && kind == 'w' && found.st_ino == inode))
         return -1;
     const long result = is_hit && what == 'B' ? 0 : run(bytes.size() / (is_half ? 2 : 1));
-    return is_hit && what != 'S' ? (_exit(0), 0) : result;
+    return is_hit && what != 'S' && what != 'E' ? (_exit(0), 0) : result;
 }
 // The names with underscores are those that the C library checks lengths by.
 extern "C" int open(const char *path, int flags, ...) {
@@ -113,7 +115,7 @@ static int run_child(unsigned microseconds, auto child) {
 // Each call of a start with this journal fails, or the start ends there; then another start.
 static void meet_each_call_of_recovery(const std::string &text, const std::string &journal,
                                        std::initializer_list<std::string> texts) {
-    for (const char event : {'F', what == 'F' ? 'M' : what}) {
+    for (const char event : {'F', 'E', what == 'F' ? 'M' : what}) {
         bool met = true;
         for (std::size_t at = 0; met; ++at) {
             begin(text, journal);

@@ -162,7 +162,13 @@ static void meet_each_call(char event) {
                 const Status result = set(i / 2);
                 return calls.size() <= hit && result == success ? 3 : result == success ? 1 : 2;
             });
-            const std::string left = read_file(file_24g), journal = read_file(journal_file);
+            const std::string left = read_file(file_24g), journal = read_file(journal_file),
+                              away = "/tmp/away";
+            std::filesystem::rename(file_24g, away); // not mounted yet
+            open_settings_journal();
+            write_file(file_5g, "#\nA=1\n");
+            damaged += nvram_set_str(settings_5g, "A", "2") != success;
+            std::filesystem::rename(away, file_24g);
             open_settings_journal();
             const std::string &first = end == 0 || end == 2 ? before : after,
                               &second = end == 2 ? before : after;

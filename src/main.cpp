@@ -104,11 +104,11 @@ int main(int argc, char **argv) {
         std::fputs(first == "--version" ? "wlan-configd " WLAN_CONFIGD_VERSION "\n" : usage, stdout);
         return 0;
     }
+    if (!open_standard_descriptors())
+        return give_up("cannot open /dev/null.");
     if (first == "--unregister")
         return remove_left_over_registration() ? 0 : 1;
     Environment environment;
-    if (!open_standard_descriptors())
-        return give_up("cannot open /dev/null.");
     std::set_new_handler(end_without_memory);
     set_signals();
     if (!read_environment(&environment)) // before the portmapper is touched, too

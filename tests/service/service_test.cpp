@@ -205,6 +205,18 @@ TEST(StartUp, TellsTheServiceManagerOnceItIsRegistered) {
     }
 }
 
+// One that does not fit an address, nobody's, and none; it serves all the same.
+TEST(StartUp, SaysWhenItCannotTellTheServiceManager) {
+    for (const auto &[name, reason] : {std::pair{std::string(109, 'n'), "File name too long (36)"},
+                                       {"/tmp/nobody", "No such file or directory (2)"},
+                                       {"", ""}}) {
+        Gateway gateway({"127.0.0.1"}, {"NOTIFY_SOCKET=" + name});
+        EXPECT_TRUE(gateway.answers());
+        EXPECT_EQ(read_file(gateway.path("err")),
+                  name.empty() ? "" : "[ZAV-API] Error notify_ready " + name + ": " + reason + ".\n");
+    }
+}
+
 TEST(Debug, LinesComeAndGoWithTheFile) {
     Gateway gateway;
     std::filesystem::remove("/tmp/wlandbg");

@@ -78,9 +78,6 @@ auto play(Gateway &gateway, const GoldenCase &golden, Ask ask) {
 }
 
 TEST(Clients, TheGeneratedOneAndWlanctlAgree) {
-#ifdef SANITIZED
-    GTEST_SKIP() << "two thousand processes take ten minutes with a sanitizer; the golden rows run there";
-#endif
     Gateway gateway;
     std::set<unsigned> seen;
     for (GoldenCase &golden : read_golden()) {

@@ -85,8 +85,8 @@ public:
     void run(const Request &request, CallKind kind) {
         prepare(request);
         const std::string after = settings_after(request);
-        // What goes on behind an answer may come too late for one number: two without a failing call are the
-        // end.
+        // What goes on behind an answer may be too late for one number: the end is two without a failing
+        // call.
         for (int number = 1, missed = 0; missed < 2; number += stride_) {
             if (kind == CallKind::thread)
                 gateway_.restart(); // one of its threads is started only once
@@ -163,11 +163,8 @@ private:
         if (request.procedure == scan)
             wait_while(scan_status, word(9), data_reply(0, {1, 0, 0, 0}, ""));
         if (request.procedure == restart) // its last effect
-            await(
-                [&] {
-                    return gateway_.count("log", "WscConfMode=0") > 0 || gateway_.count("err", "Error") > 0;
-                },
-                1s);
+            await([&] { return gateway_.count("log", "ConfMode=0") + gateway_.count("err", "Error") > 0; },
+                  1s);
     }
 
     long descriptors() {

@@ -409,8 +409,7 @@ TEST(Wlanctl, WaitsForSlowScripts) {
     play({{{"down"}, 0, "done\n", ""}});
 }
 
-// Whether the process is wlanctl by now and sleeps, with a handler of Ctrl-C of its own where it is to have
-// one.
+// Whether the process is wlanctl by now and sleeps, with its own handler of Ctrl-C where it is to have one.
 bool waits(pid_t process, bool with_handler) {
     const std::string status = read_file("/proc/" + std::to_string(process) + "/status");
     const std::size_t caught = status.find("SigCgt:");

@@ -34,8 +34,8 @@ FailingCalls *order = nullptr;
 bool fails(CallKind kind, int error) {
     if (order == nullptr || spared || order->kind != kind || --order->left != 0)
         return false;
+    ++order->failed; // before the drill may look
     order->kind = CallKind::none;
-    ++order->failed;
     errno = error;
     return true;
 }

@@ -1,5 +1,6 @@
 #include "api/lifecycle.h"
 #include "backend/config_store.h"
+#include "backend/log.h"
 #include "notify.h"
 #include "rpc/protocol.h"
 #include "rpc/registration.h"
@@ -16,6 +17,7 @@
 #include <netinet/in.h>
 #include <new>
 #include <rpc/pmap_clnt.h>
+#include <string>
 #include <string_view>
 #include <unistd.h>
 
@@ -41,7 +43,7 @@ constexpr char usage[] =
     "Debug lines appear on standard output while /tmp/wlandbg is readable.\n";
 
 int give_up(const char *reason) {
-    std::fputs(reason, stderr);
+    log_last_words(reason);
     return 1;
 }
 
@@ -71,7 +73,7 @@ bool read_environment(Environment *ret_environment) {
 
 // No operation can go on without memory, and no worker can be unwound.
 void end_without_memory() {
-    std::fputs("out of memory\n", stderr);
+    log_last_words("out of memory\n");
     _exit(1);
 }
 
@@ -102,21 +104,20 @@ int main(int argc, char **argv) {
         std::fputs(first == "--version" ? "wlan-configd " WLAN_CONFIGD_VERSION "\n" : usage, stdout);
         return 0;
     }
+    if (!open_standard_descriptors())
+        return give_up("cannot open /dev/null.");
     if (first == "--unregister")
         return remove_left_over_registration() ? 0 : 1;
     Environment environment;
-    if (!open_standard_descriptors())
-        return give_up("cannot open /dev/null.");
     std::set_new_handler(end_without_memory);
     set_signals();
     if (!read_environment(&environment)) // before the portmapper is touched, too
         return 1;
-    std::setvbuf(stdout, nullptr, _IOLBF, 0); // debug lines appear as they are written, in a file too
     open_settings_journal();
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
     const char *address = argc > 1 ? argv[1] : nullptr;
     if (address != nullptr)
-        std::printf("WLAN RPC Server IP addr %s\n", address);
+        log_output("WLAN RPC Server IP addr " + std::string(address) + '\n');
     SVCXPRT *transport = create_transport(address, environment.port, environment.peers);
     if (transport == nullptr)
         return give_up("cannot create udp service.");

@@ -9,12 +9,14 @@
 #include <cstring>
 #include <string_view>
 #include <sys/socket.h>
+#include <sys/time.h>
 #include <sys/un.h>
 #include <unistd.h>
 
 namespace {
 
 constexpr std::string_view ready = "READY=1";
+constexpr timeval longest_wait{1, 0}; // for room in the manager's queue
 
 bool send_ready(std::string_view name) {
     sockaddr_un manager{};
@@ -29,6 +31,7 @@ bool send_ready(std::string_view name) {
     const auto length = static_cast<socklen_t>(offsetof(sockaddr_un, sun_path) + name.size());
     const Descriptor fd(socket(AF_UNIX, SOCK_DGRAM | SOCK_CLOEXEC, 0));
     return fd.valid() &&
+           setsockopt(fd.get(), SOL_SOCKET, SO_SNDTIMEO, &longest_wait, sizeof longest_wait) == 0 &&
            sendto(fd.get(), ready.data(), ready.size(), MSG_NOSIGNAL,
                   reinterpret_cast<const sockaddr *>(&manager), length) == static_cast<ssize_t>(ready.size());
 }
@@ -37,7 +40,7 @@ bool send_ready(std::string_view name) {
 
 void notify_ready() {
     const char *name = std::getenv("NOTIFY_SOCKET");
-    if (name == nullptr)
+    if (name == nullptr || *name == '\0')
         return;
     if (!send_ready(name))
         log_error("[ZAV-API] Error %s %s: %s (%d).\n", __func__, name, strerror(errno), errno);

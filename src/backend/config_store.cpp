@@ -107,35 +107,38 @@ std::optional<std::string_view> text_for_get(const SettingsFile &file) {
     return is_shared(file) ? shared_text->text : read_settings(open_settings(file));
 }
 
-// Whether no text can be had because there is no file, or something else in its place. Any other failure may
-// pass, and the change can be finished then.
-bool is_gone(int error) {
-    constexpr int no_file[] = {ENOENT, ENOTDIR, ELOOP,
-                               EISDIR, ENXIO,   EAGAIN}; // the last two: a socket, a FIFO
-    return std::find(std::begin(no_file), std::end(no_file), error) != std::end(no_file);
+// Whether no text can be had because something else is in the file's place, or the VLAN file is not there: a
+// start of the machine takes that away, and the platform makes it anew. Any other failure may pass, such as
+// that of a radio's file whose directory is not mounted yet, and the change can be finished then.
+bool is_gone(Store store, int error) {
+    constexpr int something_else[] = {ELOOP, EISDIR, ENXIO, EAGAIN}; // the last two: a socket, a FIFO
+    return (store == Store::vlan && error == ENOENT) ||
+           std::find(std::begin(something_else), std::end(something_else), error) != std::end(something_else);
 }
 
-Finished finish_change_of(const SettingsFile &settings) {
-    const Descriptor file = open_settings(settings);
+Finished finish_change_of(Store store) {
+    const Descriptor file = open_settings({store, ""});
     const auto text = file.valid() ? read_whole_settings(file) : std::nullopt;
     if (text)
-        return finish_change(file.get(), *text);
-    return is_gone(errno) ? Finished::rewritten : Finished::failed;
+        return finish_change(store, file.get(), *text);
+    return is_gone(store, errno) ? Finished::rewritten : Finished::failed;
 }
 
-// Before any other change, a change that was cut off is finished. False after an error line.
-bool settle(const char *who) {
-    const auto store = interrupted_store();
-    if (!store)
+// Before the file's next change, one that was cut off is finished. False after an error line.
+bool settle(const char *who, Store store) {
+    if (!is_interrupted(store))
         return true;
     if (is_locked(who))
         return false;
-    Finished finished = finish_change_of({*store, ""});
-    const char *path = "settings";
-    (void)getNvramPath(*store, &path);
+    Finished finished = finish_change_of(store);
+    const int error = errno;
+    const char *path = nullptr;
+    if (getNvramPath(store, &path) != success)
+        path = "settings";
+    errno = error;
     if (finished == Finished::rewritten) {
         log_error("[ZAV-API] Error %s a change of %s was cut off, and the file rewritten since\n", who, path);
-        finished = forget_change() ? Finished::yes : Finished::failed;
+        finished = forget_change(store) ? Finished::yes : Finished::failed;
     }
     if (finished == Finished::failed)
         log_error("[ZAV-API] Error %s a change of %s was cut off and cannot be finished: %s\n", who, path,
@@ -234,10 +237,12 @@ void open_settings_journal() {
     const std::string directory = first_directory("STATE_DIRECTORY");
     if (directory.empty())
         return;
-    if (open_journal(directory.c_str()))
-        (void)settle(__func__); // what cannot be done now is tried before the next change
-    else
+    if (!open_journal(directory.c_str())) {
         log_error("[ZAV-API] Error %s no journal in %s: %s\n", __func__, directory.c_str(), strerror(errno));
+        return;
+    }
+    for (const Store store : {Store::band_24g, Store::band_5g, Store::vlan})
+        (void)settle(__func__, store); // what cannot be done now is tried before the file's next change
 }
 
 Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value) {
@@ -268,7 +273,7 @@ Status nvram_get_whole(const SettingsFile &file, std::string_view key, std::stri
 
 Status nvram_set_str(const SettingsFile &file, std::string_view key, const char *value) {
     const std::lock_guard held(store_mutex);
-    if (is_locked(__func__) || !settle(__func__))
+    if (is_locked(__func__) || !settle(__func__, file.store))
         return failure;
     log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s, val=%s\n", __func__, file.name,
               static_cast<int>(key.size()), key.data(), value);
@@ -289,7 +294,7 @@ Status nvram_set_int(const SettingsFile &file, std::string_view key, int value) 
 
 Status nvram_set_together(const SettingsFile &file, const std::function<Status()> &sets) {
     const std::lock_guard held(store_mutex);
-    if (!settle("nvram_set_str"))
+    if (!settle("nvram_set_str", file.store))
         return failure; // as each of the sets would be
     Descriptor settings = open_settings(file);
     const std::optional<std::string> text(read_whole_settings(settings));
@@ -322,7 +327,7 @@ bool nvram_can_hold(const char *who, const char *value) {
 Status nvram_edit(const char *who, const SettingsFile &file, const Edit &edit) {
     const std::lock_guard held(store_mutex);
     const char *path = nullptr;
-    if (is_locked(who) || !settle(who) || getNvramPath(file.store, &path) != success)
+    if (is_locked(who) || !settle(who, file.store) || getNvramPath(file.store, &path) != success)
         return failure;
     Descriptor settings = open_settings(file);
     const auto text = read_whole_settings(settings);

@@ -3,10 +3,12 @@
 #include "backend/descriptor.h"
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cstdint>
 #include <cstring>
 #include <fcntl.h>
+#include <optional>
 #include <string>
 #include <unistd.h>
 #include <utility>
@@ -31,8 +33,18 @@ struct Change {
     std::size_t old_tail_length() const { return header.old_length - header.beginning; }
 };
 
-int journal = -1;             // open as long as the process, or until it is opened again
-std::optional<Change> change; // the one that may stand in part
+int journal = -1; // open as long as the process, or until it is opened again
+
+// The changes that may stand in part. Each file has a place in the journal: what waits until one can be read
+// is in no other's way.
+constexpr Store stores[] = {Store::band_24g, Store::band_5g, Store::vlan};
+using Changes = std::array<std::optional<Change>, std::size(stores)>;
+Changes changes;
+constexpr std::size_t place_length = sizeof(Header) + 2 * settings_file_limit;
+
+std::optional<Change> &change_of(Store store) { return changes.at(static_cast<std::size_t>(store)); }
+
+std::size_t place_of(Store store) { return static_cast<std::size_t>(store) * place_length; }
 
 // FNV-1a
 std::uint64_t sum(std::string_view text, std::uint64_t before = 0xcbf29ce484222325) {
@@ -67,13 +79,13 @@ Change make_change(Store store, std::string_view from, std::string_view to) {
 }
 
 // Nothing where the record is done, was cut off while it was written, or is none of ours.
-std::optional<Change> parse_change(std::string_view record) {
+std::optional<Change> parse_change(Store store, std::string_view record) {
     Change found;
     const Header &header = found.header;
     if (record.size() < sizeof header)
         return std::nullopt;
     std::memcpy(&found.header, record.data(), sizeof header);
-    if (header.mark != mark || header.store > static_cast<std::uint32_t>(Store::vlan) ||
+    if (header.mark != mark || header.store != static_cast<std::uint32_t>(store) ||
         std::max(header.old_length, header.new_length) >= settings_file_limit ||
         header.beginning > std::min(header.old_length, header.new_length))
         return std::nullopt;
@@ -85,34 +97,35 @@ std::optional<Change> parse_change(std::string_view record) {
 }
 
 // Not synced: a mark that a power cut takes away is set again at the start, for the text is the new one.
-bool mark_done() {
-    if (!write_all(journal, bytes_of({.mark = 0}).substr(0, sizeof mark), 0))
+bool mark_done(Store store) {
+    if (!write_all(journal, bytes_of({.mark = 0}).substr(0, sizeof mark), place_of(store)))
         return false;
-    change.reset();
+    change_of(store).reset();
     return true;
 }
 
-bool note(Change noted) {
-    change = std::move(noted);
-    if (write_all(journal, bytes_of(change->header) + change->tails, 0) && fsync(journal) == 0)
+bool note(Store store, Change noted) {
+    const std::string record = bytes_of(noted.header) + noted.tails;
+    change_of(store) = std::move(noted);
+    if (write_all(journal, record, place_of(store)) && fsync(journal) == 0)
         return true;
     const int error = errno;
-    (void)mark_done(); // where that fails too, the start of the daemon may still find the change
-    change.reset();
+    (void)mark_done(store); // where that fails too, the start of the daemon may still find the change
+    change_of(store).reset();
     errno = error;
     return false;
 }
 
 // Byte for byte of one text or the other. Behind the shorter one, also what a shrinking file is padded with
 // and what a file that grew has where a block was lost.
-bool is_mixture(std::string_view text) {
-    const Header &header = change->header;
+bool is_mixture(const Change &change, std::string_view text) {
+    const Header &header = change.header;
     const auto [shorter, longer] = std::minmax(header.old_length, header.new_length);
     if (text.size() < shorter || text.size() > longer ||
         sum(text.substr(0, header.beginning)) != header.beginning_sum)
         return false;
-    const std::string_view tail = text.substr(header.beginning), old_tail = change->old_tail(),
-                           new_tail = change->new_tail();
+    const std::string_view tail = text.substr(header.beginning), old_tail = change.old_tail(),
+                           new_tail = change.new_tail();
     for (std::size_t i = 0; i < tail.size(); ++i) {
         const bool is_known = (i < old_tail.size() && tail[i] == old_tail[i]) ||
                               (i < new_tail.size() && tail[i] == new_tail[i]);
@@ -136,11 +149,14 @@ bool open_journal(const char *directory) {
     Descriptor opened(openat(parent.get(), "settings-journal", flags, 0600));
     if (!opened.valid() || fsync(parent.get()) != 0)
         return false;
-    std::string record(sizeof(Header) + 2 * settings_file_limit, '\0');
+    std::string record(std::size(stores) * place_length, '\0');
     const ssize_t length = pread(opened.get(), record.data(), record.size(), 0);
     if (length < 0)
         return false;
-    change = parse_change(std::string_view(record).substr(0, static_cast<std::size_t>(length)));
+    record.resize(static_cast<std::size_t>(length));
+    for (const Store store : stores)
+        change_of(store) = parse_change(
+            store, std::string_view(record).substr(std::min(place_of(store), record.size()), place_length));
     if (const int before = std::exchange(journal, opened.release()); before >= 0)
         close(before);
     return true;
@@ -149,31 +165,33 @@ bool open_journal(const char *directory) {
 bool change_text(Store store, int fd, std::string_view from, std::string_view to) {
     if (journal < 0)
         return replace_text(fd, from, to, Sync::no) == Replaced::yes;
-    if (!note(make_change(store, from, to)))
+    if (!note(store, make_change(store, from, to)))
         return false;
     const Replaced replaced = replace_text(fd, from, to, Sync::yes);
     const int error = errno;
     if (replaced != Replaced::in_part)
-        (void)mark_done(); // else it is kept, and marked before the next change
+        (void)mark_done(store); // else it is kept, and marked before the next change
     errno = error;
     return replaced == Replaced::yes;
 }
 
-std::optional<Store> interrupted_store() {
-    return change ? std::optional(static_cast<Store>(change->header.store)) : std::nullopt;
-}
+bool is_interrupted(Store store) { return change_of(store).has_value(); }
 
-Finished finish_change(int fd, std::string_view text) {
-    if (!is_mixture(text))
+Finished finish_change(Store store, int fd, std::string_view text) {
+    const Change &change = *change_of(store);
+    if (!is_mixture(change, text))
         return Finished::rewritten;
-    const std::string beginning(text.substr(0, change->header.beginning)),
-        finished = beginning + std::string(change->new_tail()),
-        taken_back = beginning + std::string(change->old_tail());
-    // A text that is whole may have been answered for: it stays.
-    if (replace_text(fd, text, finished, Sync::yes) != Replaced::yes &&
-        (text == finished || replace_text(fd, text, taken_back, Sync::yes) != Replaced::yes))
+    const std::string beginning(text.substr(0, change.header.beginning)),
+        finished = beginning + std::string(change.new_tail()),
+        taken_back = beginning + std::string(change.old_tail());
+    Replaced replaced = replace_text(fd, text, finished, Sync::yes);
+    // A text that is whole may have been answered for: it stays. One that was written in part and not put
+    // back is no longer `text`, but still made of both.
+    if (replaced == Replaced::no && text != finished)
+        replaced = replace_text(fd, text, taken_back, Sync::yes);
+    if (replaced != Replaced::yes)
         return Finished::failed;
-    return mark_done() ? Finished::yes : Finished::failed;
+    return mark_done(store) ? Finished::yes : Finished::failed;
 }
 
-bool forget_change() { return mark_done(); }
+bool forget_change(Store store) { return mark_done(store); }

@@ -3,10 +3,9 @@
 #include "backend/config_store.h"
 #include "backend/replace_text.h"
 
-#include <optional>
 #include <string_view>
 
-// The one change of a settings file that is under way, noted in a file of the daemon's own: what a kill or a
+// The change of each settings file that is under way, noted in a file of the daemon's own: what a kill or a
 // power cut leaves of it can be told from what others have written, and finished. The caller holds the store.
 
 // Takes up what the journal in the directory, an absolute path, holds, or begins one. False with errno set.
@@ -16,8 +15,8 @@ bool open_journal(const char *directory);
 // is set.
 bool change_text(Store store, int fd, std::string_view from, std::string_view to);
 
-// The file whose last change may stand in part.
-std::optional<Store> interrupted_store();
+// Whether the last change of the file may stand in part.
+bool is_interrupted(Store store);
 
 // `text` is what the file holds now. A change that cannot be finished, on a full disk, is taken back.
 enum class [[nodiscard]] Finished : unsigned char{
@@ -25,5 +24,5 @@ enum class [[nodiscard]] Finished : unsigned char{
     failed,   // with errno set; the journal keeps the change
     rewritten // the text is not made of the old and the new one: nothing is done
 };
-Finished finish_change(int fd, std::string_view text);
-[[nodiscard]] bool forget_change();
+Finished finish_change(Store store, int fd, std::string_view text);
+[[nodiscard]] bool forget_change(Store store);

@@ -29,49 +29,57 @@ public:
     Output(int fd, const char *same) : fd_(fd), same_(same) {}
 
     void write(std::string_view line) {
-        const std::lock_guard held(mutex_);
+        const std::lock_guard held(mutex);
         look();
-        if (lost_ > 0 && !say_lost()) {
+        if (!end_cut_line() || (lost_ > 0 && !say_lost()) || !put_whole(line))
             ++lost_;
-            return;
-        }
-        const std::string_view rest = rest_of(line);
-        if (rest.empty())
-            return;
-        ++lost_;
-        is_cut_ = rest.size() < line.size();
     }
 
 private:
+    bool end_cut_line();
+
     bool say_lost() {
         std::array<char, 64> notice;
-        std::snprintf(notice.data(), notice.size(), "%s[ZAV-API] %u lines of the log are lost.\n",
-                      is_cut_ ? "\n" : "", lost_);
-        if (!rest_of(notice.data()).empty())
+        std::snprintf(notice.data(), notice.size(), "[ZAV-API] %u lines of the log are lost.\n", lost_);
+        if (!put_whole(notice.data()))
             return false;
         lost_ = 0;
-        is_cut_ = false;
         return true;
     }
 
-    // O_NONBLOCK needs a description of the daemon's own: scripts and others that write there would get it
-    // too.
-    void look() {
-        struct stat found {};
-        if (fstat(fd_, &found) != 0 || (found.st_dev == seen_.st_dev && found.st_ino == seen_.st_ino))
-            return;
-        seen_ = found;
-        if (own_ >= 0)
-            close(std::exchange(own_, -1));
-        const bool can_stall = S_ISFIFO(found.st_mode) || isatty(fd_) != 0;
-        if (can_stall)
-            own_ = open(same_, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
-        must_ask_ = can_stall && own_ < 0;
+    bool put_whole(std::string_view line) {
+        const std::string_view rest = rest_of(line);
+        is_cut_ = !rest.empty() && rest.size() < line.size();
+        return rest.empty();
     }
 
+    bool is_same(const struct stat &other) const {
+        return other.st_dev == seen_.st_dev && other.st_ino == seen_.st_ino;
+    }
+
+    // O_NONBLOCK needs a description of the daemon's own: scripts and others that write there would get it
+    // too. One that could not be had, for want of descriptors or of a reader, is tried again.
+    void look() {
+        struct stat found {};
+        if (fstat(fd_, &found) != 0)
+            return;
+        if (!is_same(found)) {
+            seen_ = found;
+            is_cut_ = false;
+            if (own_ >= 0)
+                close(std::exchange(own_, -1));
+            can_stall_ = S_ISFIFO(found.st_mode) || isatty(fd_) != 0;
+        }
+        if (must_ask())
+            own_ = open(same_, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+    }
+
+    bool must_ask() const { return can_stall_ && own_ < 0; }
+
+    // A terminal does not tell how much it takes.
     bool has_room() const {
         pollfd room{fd_, POLLOUT, 0};
-        return poll(&room, 1, 0) == 1;
+        return S_ISFIFO(seen_.st_mode) && poll(&room, 1, 0) == 1;
     }
 
     ssize_t put(std::string_view text) const {
@@ -82,8 +90,8 @@ private:
     // Writes the text in one go; a pipe promises room for PIPE_BUF bytes only. What was not taken is
     // returned.
     std::string_view rest_of(std::string_view text) const {
-        while (!text.empty() && (!must_ask_ || has_room())) {
-            const ssize_t written = put(must_ask_ ? text.substr(0, PIPE_BUF) : text);
+        while (!text.empty() && (!must_ask() || has_room())) {
+            const ssize_t written = put(must_ask() ? text.substr(0, PIPE_BUF) : text);
             if (written > 0)
                 text.remove_prefix(static_cast<std::size_t>(written));
             else if (written == 0 || errno != EINTR)
@@ -92,17 +100,29 @@ private:
         return text;
     }
 
+    inline static std::mutex mutex; // guards what both have, and keeps the pieces of a line together
     const int fd_;
     const char *const same_; // a path to the same
-    std::mutex mutex_;       // guards what follows, and keeps the pieces of a line together
     struct stat seen_ {};    // where the descriptor led at the last line
     int own_ = -1;           // a pipe or a terminal, opened once more
-    bool must_ask_ = false;  // it could not be, as without a reader: then there is room for a moment only
+    bool can_stall_ = false; // a pipe or a terminal; where it is not opened, there is room for a moment only
     unsigned lost_ = 0;
     bool is_cut_ = false; // the last line that was written has no end
 };
 
 Output standard_output(STDOUT_FILENO, "/proc/self/fd/1"), standard_error(STDERR_FILENO, "/proc/self/fd/2");
+
+// A line of the other, too, where both lead to the same.
+bool Output::end_cut_line() {
+    for (Output *output : {&standard_output, &standard_error}) {
+        if (!output->is_cut_ || !is_same(output->seen_))
+            continue;
+        if (!rest_of("\n").empty())
+            return false;
+        output->is_cut_ = false;
+    }
+    return true;
+}
 
 struct Values {
     va_list list;
@@ -193,6 +213,10 @@ void log_error(const char *format, ...) {
     standard_error.write(put_together("", format, &values));
     va_end(values.list);
 }
+
+void log_output(std::string_view text) { standard_output.write(text); }
+
+void log_last_words(std::string_view text) { standard_error.write(text); }
 
 void log_checked_after(const char *who, const char *rest, const char *format, ...) {
     if (!debug_enabled())

@@ -2,7 +2,7 @@
 
 #include "backend/line.h"
 
-#include <type_traits>
+#include <string_view>
 
 // Debug lines go to standard output while the file /tmp/wlandbg is readable; that is asked afresh before each
 // line. Error lines go to standard error always. Safe from any thread.
@@ -13,6 +13,10 @@ bool debug_enabled();
 
 [[gnu::format(printf, 1, 2)]] void log_debug(const char *format, ...);
 [[gnu::format(printf, 1, 2)]] void log_error(const char *format, ...);
+
+// A text as it is, with or without debugging, on standard output or standard error. Neither takes memory.
+void log_output(std::string_view text);
+void log_last_words(std::string_view text);
 
 // Debug lines whose conversions were checked where they were written (see Line), behind "[ZAV-API] ", `who`
 // and `rest`, or behind "[ZAV-API] ", `who` twice and the index.

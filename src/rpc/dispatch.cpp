@@ -1,7 +1,7 @@
+#include "backend/log.h"
 #include "rpc/codec.h"
 #include "rpc/service.h"
 
-#include <cstdio>
 #include <cstdlib>
 #include <tuple>
 #include <utility>
@@ -26,7 +26,7 @@ void send(SVCXPRT *transport, Message reply) {
 void free_arguments(SVCXPRT *transport, Message &arguments) {
     if (svc_freeargs(transport, code_message, &arguments))
         return;
-    std::fputs("unable to free arguments", stderr);
+    log_last_words("unable to free arguments");
     std::exit(1);
 }
 
@@ -48,7 +48,7 @@ void run(SVCXPRT *transport, int (*procedure)(Parameters...)) {
             send(transport, reply);
         free_arguments(transport, decoded);
         if (!wlan_config_rpc_prog_1_freeresult(transport, code_message, &reply))
-            std::fputs("unable to free results", stderr);
+            log_error("unable to free results");
     }
     (std::make_index_sequence<count>{});
 }

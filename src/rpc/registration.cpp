@@ -10,9 +10,11 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
+#include <fstream>
 #include <rpc/pmap_clnt.h>
 #include <rpc/pmap_prot.h>
 #include <rpc/rpc.h>
+#include <string>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <thread>
@@ -53,13 +55,17 @@ bool ask_portmapper(unsigned *ret_port) {
            answer[5] == SUCCESS;
 }
 
-// Whether any address of this machine has the UDP port.
-bool is_in_use(unsigned port) {
-    sockaddr_in any{};
-    any.sin_family = AF_INET;
-    any.sin_port = htons(static_cast<std::uint16_t>(port));
-    const Descriptor fd(socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0));
-    return !fd.valid() || bind(fd.get(), reinterpret_cast<const sockaddr *>(&any), sizeof any) != 0;
+// Whether a socket of this machine has the UDP port; false when the system does not tell. To bind one would
+// take the port from a daemon that is starting.
+bool look_for_socket(unsigned port, bool *ret_found) {
+    std::ifstream sockets("/proc/net/udp"); // slot, local address and port, and more
+    std::array<char, 12> end;
+    std::snprintf(end.data(), end.size(), ":%04X", port);
+    std::string slot, local;
+    while (sockets >> slot >> local && !local.ends_with(end.data()))
+        std::getline(sockets, slot);
+    *ret_found = local.ends_with(end.data());
+    return !local.empty(); // there is a head line at least
 }
 
 // Another port than the daemon's own is another daemon's, which has taken over. Between a start's taking out
@@ -101,7 +107,14 @@ bool remove_left_over_registration() {
         std::fputs("The portmapper does not answer.\n", stderr);
         return false;
     }
-    if (port == 0 || is_in_use(port) || pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION) != FALSE)
+    if (port == 0)
+        return true;
+    bool is_served = false;
+    if (!look_for_socket(port, &is_served)) {
+        std::perror("/proc/net/udp");
+        return false;
+    }
+    if (is_served || pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION) != FALSE)
         return true;
     std::fputs("The portmapper keeps the registration.\n", stderr);
     return false;

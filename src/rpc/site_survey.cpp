@@ -1,9 +1,8 @@
 #include "api/site_survey.h"
 
+#include "backend/log.h"
 #include "rpc/procedures.h"
 #include "rpc/shapes.h"
-
-#include <cstdio>
 
 int wlan_get_ap_scan_num_of_entries_1_svc(int index, wlan_config_result_data_t *result) {
     say(__func__, Line<int>("[index %d]\n"), index);
@@ -31,7 +30,7 @@ int wlan_ap_scan_1_svc(int index, wlan_config_result_data_t *result) {
     say(__func__, Line<int>("index %d\n"), index);
     result->return_code = code_of(wlan_ApSiteSurvey(index));
     fill_nothing(result);
-    std::puts("end wlan_ap_scan_1_svc");
+    log_output("end wlan_ap_scan_1_svc\n");
     return 1;
 }
 
@@ -49,6 +48,6 @@ int wlan_get_ap_scan_status_1_svc(int index, wlan_config_result_data_t *result) 
     unsigned status = 0;
     result->return_code = code_of(wlan_ApSiteSurveyStatus(index, &status));
     fill_numbers(result, std::span(&status, 1));
-    std::puts("end wlan_get_ap_scan_status_1_svc");
+    log_output("end wlan_get_ap_scan_status_1_svc\n");
     return 1;
 }

@@ -12,6 +12,7 @@
 #include <cstring>
 #include <fcntl.h>
 #include <span>
+#include <string>
 #include <sys/socket.h>
 #include <type_traits>
 #include <utility>
@@ -237,11 +238,11 @@ int build_rpc_sockt(const char *address, std::uint16_t port) {
     const int fd = open_socket();
     in_addr local{};
     if (inet_aton(address, &local) == 0) {
-        std::printf("inet_aton failed with IPv4 %s\n", address);
+        log_output("inet_aton failed with IPv4 " + std::string(address) + '\n');
         std::exit(1);
     }
     bind_socket(fd, local, port);
-    std::printf("WLAN RPC server bind successfully to %s\n", address);
+    log_output("WLAN RPC server bind successfully to " + std::string(address) + '\n');
     return fd;
 }
 

@@ -28,11 +28,12 @@ const struct Request {
     const char *name;
     std::uint32_t procedure;
     std::string arguments;
+    bool sets = false;
 } requests[] = {
-    {"set_ssid", set_ssid, word(1) + xdr_text("another net")},
-    {"set_channel", set_channel, word(1) + word(11)},
-    {"access list", add_to_access_list, word(1) + xdr_text("02:00:00:00:00:01") + xdr_text("tv")},
-    {"set_wps_uuid", set_wps_uuid, word(1) + xdr_text("00112233-4455-6677-8899-aabbccddeeff")},
+    {"set_ssid", set_ssid, word(1) + xdr_text("another net"), true},
+    {"set_channel", set_channel, word(1) + word(11), true},
+    {"access list", add_to_access_list, word(1) + xdr_text("02:00:00:00:00:01") + xdr_text("tv"), true},
+    {"set_wps_uuid", set_wps_uuid, word(1) + xdr_text("00112233-4455-6677-8899-aabbccddeeff"), true},
     {"get_ssid", get_ssid, word(1)},
     {"get_status", get_status, word(1)},
     {"get_basic_stats", get_basic_stats, word(1)},
@@ -67,7 +68,6 @@ std::vector<std::string> make_scripts() {
     const char make[] =
         "mkdir -p /tmp/host /tmp/run /tmp/journal && cd /tmp/host && cat >zv_host.sh <<'END'\n"
         "#!/bin/sh\n"
-        "echo \"$1\" >>/tmp/verbs\n"
         "cd /tmp/gateway/interfaces\n"
         "case $1 in load) echo up >zvi00; echo up >zv00 ;; stop) rm -f zv* ;; esac\n"
         "END\nchmod +x zv_host.sh";
@@ -85,7 +85,9 @@ public:
     void run(const Request &request, CallKind kind) {
         prepare(request);
         const std::string after = settings_after(request);
-        for (int number = 1;; number += stride_) {
+        // What goes on behind an answer may be too late for one number: the end is two without a failing
+        // call.
+        for (int number = 1, missed = 0; missed < 2; number += stride_) {
             if (kind == CallKind::thread)
                 gateway_.restart(); // one of its threads is started only once
             prepare(request);
@@ -97,8 +99,9 @@ public:
             if (!end_)
                 settle(request, answer);
             order_->kind = CallKind::none;
-            if (order_->failed == 0)
-                return;
+            missed = order_->failed == 0 ? missed + 1 : 0;
+            if (missed > 0)
+                continue;
             ++tried;
             check(request, answer, after, number);
         }
@@ -142,12 +145,14 @@ private:
         if (request.procedure == init)
             gateway_.call(load, word(245));
         write_file(gateway_.path("settings/ZAV75024g.dat"), factory_);
-        write_file("/tmp/verbs", "");
+        write_file(gateway_.path("log"), "");
         write_file(gateway_.path("err"), "");
     }
 
     std::string settings_after(const Request &request) {
-        settle(request, gateway_.call(request.procedure, request.arguments));
+        const auto answer = gateway_.call(request.procedure, request.arguments);
+        settle(request, answer);
+        fault(!request.sets || (answer == word(0) && settings() != factory_), "nothing set", request, 0);
         return settings();
     }
 
@@ -157,8 +162,9 @@ private:
             wait_while(init, "", in_progress);
         if (request.procedure == scan)
             wait_while(scan_status, word(9), data_reply(0, {1, 0, 0, 0}, ""));
-        if (request.procedure == restart)
-            await([&] { return !read_file("/tmp/verbs").empty() || gateway_.count("err", "Error") > 0; }, 1s);
+        if (request.procedure == restart) // its last effect
+            await([&] { return gateway_.count("log", "ConfMode=0") + gateway_.count("err", "Error") > 0; },
+                  1s);
     }
 
     long descriptors() {
@@ -181,6 +187,8 @@ private:
             fault(answer.has_value(), "no answer", request, number);
         }
         fault(found == factory_ || found == after, "half a setting", request, number);
+        fault(!request.sets || !answer || found == (answer == word(0) ? after : factory_),
+              "another answer than setting", request, number);
         fault(gateway_.answers(), "silence", request, number);
         fault(await([&] { return descriptors() <= few_; }, 2s), "a lost descriptor", request, number);
         if (!is_up())
@@ -211,8 +219,10 @@ int main(int, char **argv) {
     for (const auto &[name, kind] : kinds) {
         for (const Request &request : requests)
             drill.run(request, kind);
-        std::cout << name << ": " << std::exchange(drill.tried, 0) << " calls failed, "
-                  << std::exchange(drill.ends, 0) << " ended the daemon" << std::endl;
+        std::cout << name << ": " << drill.tried << " calls failed, " << drill.ends << " ended the daemon"
+                  << std::endl;
+        const bool may_end = kind == CallKind::allocation;
+        drill.faults += std::exchange(drill.tried, 0) == 0 || (std::exchange(drill.ends, 0) > 0) != may_end;
     }
     return drill.faults == 0 ? 0 : 1;
 }

@@ -28,7 +28,8 @@ struct Call {
 };
 static std::vector<Call> calls;
 static std::size_t step, hit = SIZE_MAX; // the call that something happens to
-static char what;                        // the end Before it, in its Middle, After it; it Fails, is Short
+static char what;                        // the end Before it, in its Middle, After it; it Fails, is Short;
+                                         // it is short or fails, and so does Every later write of settings
 static bool reserves = true;
 static ino_t inode;
 
@@ -39,10 +40,11 @@ static long at_call(char kind, int fd, off_t at, std::string_view bytes, auto ru
     fstat(fd, &found);
     calls.push_back({kind, found.st_ino != inode, step, std::size_t(at), std::string(bytes)});
     errno = EIO;
-    if (is_hit && what == 'F')
+    if ((is_hit && (what == 'F' || (what == 'E' && !is_half))) ||
+        (what == 'E' && calls.size() > hit + 1 && kind == 'w' && found.st_ino == inode))
         return -1;
     const long result = is_hit && what == 'B' ? 0 : run(bytes.size() / (is_half ? 2 : 1));
-    return is_hit && what != 'S' ? (_exit(0), 0) : result;
+    return is_hit && what != 'S' && what != 'E' ? (_exit(0), 0) : result;
 }
 // The names with underscores are those that the C library checks lengths by.
 extern "C" int open(const char *path, int flags, ...) {
@@ -113,7 +115,7 @@ static int run_child(unsigned microseconds, auto child) {
 // Each call of a start with this journal fails, or the start ends there; then another start.
 static void meet_each_call_of_recovery(const std::string &text, const std::string &journal,
                                        std::initializer_list<std::string> texts) {
-    for (const char event : {'F', what == 'F' ? 'M' : what}) {
+    for (const char event : {'F', 'E', what == 'F' ? 'M' : what}) {
         bool met = true;
         for (std::size_t at = 0; met; ++at) {
             begin(text, journal);
@@ -129,6 +131,13 @@ static void meet_each_call_of_recovery(const std::string &text, const std::strin
             check_one_of(texts);
         }
     }
+}
+
+static bool is_whole(const std::string &journal) {
+    std::uint32_t lengths[3] = {}; // of what is the same, the old text and the new one
+    return journal.starts_with("cfgjlne1") &&
+           journal.copy(reinterpret_cast<char *>(lengths), sizeof lengths, 28) == sizeof lengths &&
+           journal.size() == 40 + lengths[1] + lengths[2] - 2 * lengths[0];
 }
 
 // The error lines of a start.
@@ -160,7 +169,13 @@ static void meet_each_call(char event) {
                 const Status result = set(i / 2);
                 return calls.size() <= hit && result == success ? 3 : result == success ? 1 : 2;
             });
-            const std::string left = read_file(file_24g), journal = read_file(journal_file);
+            const std::string left = read_file(file_24g), journal = read_file(journal_file),
+                              away = "/tmp/away";
+            std::filesystem::rename(file_24g, away); // not mounted yet
+            open_settings_journal();
+            write_file(file_5g, "#\nA=1\n");
+            damaged += nvram_set_str(settings_5g, "A", "2") != success;
+            std::filesystem::rename(away, file_24g);
             open_settings_journal();
             const std::string &first = end == 0 || end == 2 ? before : after,
                               &second = end == 2 ? before : after;
@@ -169,7 +184,7 @@ static void meet_each_call(char event) {
                 meet_each_call_of_recovery(left, journal, {first, second});
             begin(of_another, journal);
             const std::size_t lines = lines_of_start();
-            damaged += lines > 1 || lines_of_start() > 0; // the second start knows nothing of it
+            damaged += lines != is_whole(journal) || lines_of_start() > 0; // the second start knows nothing
             told += lines;
             check_one_of({of_another});
         }
@@ -249,10 +264,11 @@ static void cut_power(std::size_t most_blocks) {
 }
 
 // Without the journal, a kill in the middle of a write may do damage.
-static bool holds(const std::string &drill, bool may_damage) {
-    std::cout << drill << ": " << damaged << " damaged of " << tried << ", " << std::exchange(told, 0)
+static bool holds(const std::string &drill, bool may_damage, bool must_tell = false) {
+    std::cout << drill << ": " << damaged << " damaged of " << tried << ", " << told
               << " rewritten files told" << std::endl;
-    return std::exchange(tried, 0) > 0 && (std::exchange(damaged, 0) == 0 || may_damage);
+    return std::exchange(tried, 0) > 0 && (std::exchange(damaged, 0) == 0 || may_damage) &&
+           (std::exchange(told, 0) > 0) == must_tell;
 }
 
 int main(int, char **argv) {
@@ -266,7 +282,8 @@ int main(int, char **argv) {
             setenv("STATE_DIRECTORY", "/tmp/settings:/tmp/other", 1);
         for (const char event : {'B', 'M', 'A', 'F', 'S'}) {
             meet_each_call(event);
-            all_hold &= holds(std::string("each call ") + event + journal, journal.empty() && event == 'M');
+            all_hold &= holds(std::string("each call ") + event + journal, journal.empty() && event == 'M',
+                              !journal.empty() && event != 'S');
         }
         kill_often(std::atoi(argv[1]) / (journal.empty() ? 10 : 1));
         all_hold &= holds("kills" + journal, journal.empty());

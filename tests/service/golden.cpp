@@ -206,12 +206,16 @@ Lines lines_of(const std::string &text) {
 News::News(const Gateway &gateway)
     : tails_{{gateway.path("out"), 0, out}, {gateway.path("err"), 0, err}, {gateway.path("log"), 0, log}} {
     for (Tail &tail : tails_)
-        tail.seen = read_file(tail.path).size();
+        if (std::filesystem::exists(tail.path))
+            tail.seen = std::filesystem::file_size(tail.path);
 }
 
 void News::look() {
-    for (Tail &tail : tails_)
-        tail.lines = lines_of(read_file(tail.path).substr(tail.seen));
+    for (Tail &tail : tails_) {
+        std::ifstream file(tail.path);
+        file.seekg(static_cast<std::streamoff>(tail.seen)); // a case leaves much behind
+        tail.lines = lines_of({std::istreambuf_iterator<char>(file), {}});
+    }
 }
 
 void News::await(const GoldenCall &call) {

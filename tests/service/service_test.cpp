@@ -25,7 +25,7 @@ namespace {
 
 constexpr std::uint32_t proc_unavailable = 3, garbage_arguments = 4;
 constexpr std::uint32_t load = 1, reset = 3, set_max_bitrate = 15, get_ssid = 21, set_ssid = 22,
-                        restore_defaults = 178;
+                        restore_defaults = 178, scan_status = 223;
 
 #ifdef SANITIZED
 constexpr long may_grow = 1L << 40; // a sanitizer's own memory does
@@ -190,7 +190,7 @@ TEST(StartUp, TellsTheServiceManagerOnceItIsRegistered) {
         ASSERT_FALSE(registered());
         Gateway gateway({"127.0.0.1"}, {"NOTIFY_SOCKET=" + name});
         std::array<char, 16> told{};
-        EXPECT_EQ(recv(manager, told.data(), told.size(), 0), 7);
+        EXPECT_TRUE(await([&] { return recv(manager, told.data(), told.size(), MSG_DONTWAIT) == 7; }));
         EXPECT_STREQ(told.data(), "READY=1");
         EXPECT_TRUE(registered());
         // What a daemon leaves that was killed goes, what one that serves has stays.
@@ -202,6 +202,18 @@ TEST(StartUp, TellsTheServiceManagerOnceItIsRegistered) {
         EXPECT_EQ(run("wlan-configd", {"--unregister"}).status, 0);
         EXPECT_NE(std::system("rpcinfo -p | grep -q 538054928"), 0);
         close(manager);
+    }
+}
+
+// One that does not fit an address, nobody's, and none; it serves all the same.
+TEST(StartUp, SaysWhenItCannotTellTheServiceManager) {
+    for (const auto &[name, reason] : {std::pair{std::string(109, 'n'), "File name too long (36)"},
+                                       {"/tmp/nobody", "No such file or directory (2)"},
+                                       {"", ""}}) {
+        Gateway gateway({"127.0.0.1"}, {"NOTIFY_SOCKET=" + name});
+        EXPECT_TRUE(gateway.answers());
+        EXPECT_EQ(read_file(gateway.path("err")),
+                  name.empty() ? "" : "[ZAV-API] Error notify_ready " + name + ": " + reason + ".\n");
     }
 }
 
@@ -225,9 +237,9 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     mkfifo("/tmp/stalled", 0600);
     const int reader = open("/tmp/stalled", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
     Gateway gateway({"127.0.0.1"}, {}, "", "/tmp/stalled");
-    const auto lines_of_calls = [&](int calls) {
-        for (; calls > 0; --calls)
-            EXPECT_TRUE(gateway.call(get_ssid, word(1)).has_value());
+    const auto lines_of_calls = [&](int calls, std::uint32_t procedure = get_ssid) {
+        for (; calls > 0 && !HasFailure(); --calls)
+            EXPECT_TRUE(gateway.call(procedure, word(1)).has_value());
         std::string text(1 << 20, '\0');
         text.resize(static_cast<std::size_t>(std::max<ssize_t>(read(reader, text.data(), text.size()), 0)));
         return text;
@@ -243,23 +255,27 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     EXPECT_EQ(count(first) + lost, 1000 * lines);
     EXPECT_TRUE(first.ends_with('\n'));
     EXPECT_EQ(count(then), lines + 1);
+    EXPECT_LT(count(lines_of_calls(3000, scan_status)), 3000) << "lines that come without debugging";
 }
 
 TEST(Debug, ATerminalThatStallsLosesLines) {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     ASSERT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
-    Gateway gateway({"127.0.0.1"}, {}, "", ptsname(terminal));
+    Gateway gateway({"127.0.0.1"}, {}, "exec \"$@\" 2>&1", ptsname(terminal));
     write_file("/tmp/wlandbg", "");
     for (int call = 0; call < 2000; ++call)
         ASSERT_TRUE(gateway.call(get_ssid, word(1))) << call;
-    std::array<char, 4096> piece{};
-    for (int empty = 0; empty<10; empty = read(terminal, piece.data(), piece.size())> 0 ? 0 : empty + 1)
-        std::this_thread::sleep_for(std::chrono::milliseconds(1));
-    EXPECT_TRUE(gateway.call(get_ssid, word(1)));
     std::filesystem::remove("/tmp/wlandbg");
-    const ssize_t length = read(terminal, piece.data(), piece.size());
-    EXPECT_NE(std::string(piece.data(), static_cast<std::size_t>(length)).find("lines of the log are lost."),
-              std::string::npos);
+    std::string text;
+    EXPECT_TRUE(await([&] {
+        std::array<char, 4096> piece;
+        const bool answers = gateway.call(get_ssid, word(99)).has_value();
+        const ssize_t length = read(terminal, piece.data(), piece.size());
+        text.append(piece.data(), static_cast<std::size_t>(std::max<ssize_t>(length, 0)));
+        return answers && text.find("lines of the log are lost.") != text.npos;
+    }));
+    for (std::size_t at = 0; (at = text.find("[ZAV-API]", at + 1)) != text.npos;)
+        EXPECT_EQ(text[at - 1], '\n') << "behind a cut line: " << text.substr(at, 100);
     close(terminal);
 }
 

@@ -75,6 +75,7 @@ TEST(AirTime, StandsByGroupQueueAndStationUnderTheNumberOfTheDriver) {
         EXPECT_EQ(wlan_getFramesInQueueData(1, 0, wrong, &found), failure) << wrong;
     }
     for (const int station : {2, 3, 4, -1, INT_MAX, INT_MIN}) {
+        std::memset(&data, '~', sizeof data);
         EXPECT_EQ(wlan_getAirTimeStats(1, station, 0, &found), failure) << station;
         EXPECT_EQ(wlan_getGetStationRateAdaptationData(1, station, &data), failure) << station;
         EXPECT_EQ(data.rates[0].value1 | data.value2, 0U) << "cleared before";

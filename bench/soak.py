@@ -1,6 +1,8 @@
-"""A soak: soak.py SOURCES BUILD MINUTES. Four clients keep a daemon's workers and its store busy. A line a minute tells
-its memory and descriptors; it fails when they grow, a sanitizer reports or a call goes unanswered."""
+"""A soak: soak.py SOURCES BUILD MINUTES, at least four. Four clients keep a daemon's workers and its store busy. A line a
+minute tells its memory and descriptors; it fails when they grow, a sanitizer reports, a call goes unanswered, or a client
+does nothing that succeeds."""
 
+import contextlib
 import os
 import random
 import re
@@ -12,6 +14,10 @@ import time
 SOURCES, BUILD, GATEWAY = os.path.abspath(sys.argv[1]), os.path.abspath(sys.argv[2]), "/tmp/gateway"
 sys.path.insert(0, f"{BUILD}/protocol/python")
 import wlan_config  # noqa: E402  (made by the build)
+
+PROGRAM = f"{BUILD}/bin/wlan-configd"
+with open(PROGRAM, "rb") as file:
+    SANITIZED = b"Sanitizer" in file.read()
 
 GETS = [row.name[5:] for row in wlan_config.PROCEDURES.values()
         if row.name.startswith("wlan_get_") and row.arguments == ("int",) and "air_time_management" not in row.name]
@@ -68,20 +74,29 @@ def sets(gateway, turn):
 
 
 def run(number, work):
-    gateway, turn = Asker(number), 0
-    while not enough.is_set():
-        work(gateway, turn := turn + 1)
+    try:
+        gateway, turn = Asker(number), 0
+        while not enough.is_set():
+            work(gateway, turn := turn + 1)
+    except Exception as error:  # it would end with the thread
+        unanswered.append(f"{work.__name__}: {error!r}")
 
 
 def start_daemon():
     os.makedirs("/tmp/run")
     subprocess.run([f"{SOURCES}/sim/setup", GATEWAY], check=True)
-    path = f"{SOURCES}/sim/bin:{os.environ['PATH']}"
-    variables = {"LD_PRELOAD": f"{BUILD}/lib/libzav_sim.so", "ZAV_SIM_DIR": GATEWAY, "PATH": path,
-                 "zav_cfg_dir": f"{GATEWAY}/settings", "zav_install_dir": f"{SOURCES}/sim/host",
-                 "WLAN_CONFIGD_PORT": "4000", "RUNTIME_DIRECTORY": "/tmp/run", "STATE_DIRECTORY": "/tmp/run"}
+    variables = {**os.environ, "WLAN_CONFIGD_PORT": "4000", "RUNTIME_DIRECTORY": "/tmp/run", "STATE_DIRECTORY": "/tmp/run"}
+    command = f". {GATEWAY}/env && LD_PRELOAD='{BUILD}/lib/libzav_sim.so' exec '{PROGRAM}' 127.0.0.1"
     with open("/tmp/out", "ab") as out, open("/tmp/err", "ab") as err:
-        return subprocess.Popen([f"{BUILD}/bin/wlan-configd", "127.0.0.1"], env=variables, stdout=out, stderr=err)
+        return subprocess.Popen(["sh", "-c", command], env=variables, stdout=out, stderr=err)
+
+
+def await_answer():
+    for _ in range(200):
+        with contextlib.suppress(wlan_config.WlanError), wlan_config.Client(port=4000, timeout=0.1) as gateway:
+            return gateway.get_number_of_entries()
+        time.sleep(0.05)
+    sys.exit("soak: the daemon does not answer")
 
 
 def look(daemon):
@@ -95,39 +110,64 @@ def look(daemon):
     return tuple(map(min, zip(*found)))
 
 
-def reports(minute):
-    """Sanitizers' reports since the last look; empties the logs, with debug lines in every second minute."""
-    with open("/tmp/err", encoding="utf-8", errors="replace") as file:
-        text = file.read()
-    for name in ("/tmp/out", "/tmp/err", f"{GATEWAY}/log"):
+def reports(errors):
+    """What has come to standard error since the last look and is no line of the daemon's log."""
+    return "".join(line for line in errors if not line.startswith("[ZAV-API]"))
+
+
+def empty_logs(minute):
+    """With debug lines in every second minute."""
+    for name in ("/tmp/out", f"{GATEWAY}/log"):
         os.truncate(name, 0)
     (lambda: open("/tmp/wlandbg", "w").close() if minute % 2 else os.remove("/tmp/wlandbg"))()
-    return text if "Sanitizer" in text else ""
 
 
-def main():
-    minutes, looks, reported = int(sys.argv[3]), [], ""
-    daemon = start_daemon()
-    time.sleep(2)
+def soak(daemon, minutes, errors):
+    """What is wrong."""
+    looks, reported = [], ""
     clients = [threading.Thread(target=run, args=each) for each in enumerate((lifecycle, restarts_and_scans, gets, sets))]
     for client in clients:
         client.start()
-    for minute in range(1, minutes + 1):
-        time.sleep(60)
-        reported += reports(minute)
-        if daemon.poll() is not None:
-            break
-        looks.append(look(daemon))
-        print(f"{minute} min: {looks[-1][0]} kB, {looks[-1][1]} descriptors, calls {asked}, failed {failed}", flush=True)
-    enough.set()
+    try:
+        for minute in range(1, minutes + 1):
+            time.sleep(60)
+            reported += reports(errors)
+            empty_logs(minute)
+            if daemon.poll() is not None:
+                break
+            looks.append(look(daemon))
+            print(f"{minute} min: {looks[-1][0]} kB, {looks[-1][1]} descriptors, calls {asked}, failed {failed}", flush=True)
+    finally:
+        enough.set()
     for client in clients:
         client.join()
-    print(reported, *unanswered[:9], f"status {daemon.poll()}", sep="\n")
-    first, last = looks[minutes // 4], looks[-1]
-    flat = last[0] < 1.25 * first[0] and last[1] <= first[1] + 1  # a sanitizer's own memory grows slowly
-    grown = daemon.poll() is not None or reported or unanswered or not flat
-    daemon.kill()
-    sys.exit(bool(grown))
+    if daemon.poll() is not None:
+        return [f"the daemon has ended: {daemon.returncode}", reported, reports(errors)]
+    daemon.terminate()
+    daemon.wait(30)
+    reported += reports(errors)
+    wrong = [*unanswered[:9], *([reported] if "Sanitizer" in reported else [])]
+    wrong += [f"client {number} has done nothing" for number in range(4) if asked[number] == failed[number]]
+    (memory, descriptors), last = looks[minutes // 4], looks[-1]
+    most = memory // 4 if SANITIZED else 256  # a sanitizer's own memory grows slowly
+    if last[0] > memory + most or last[1] > descriptors + 1:
+        wrong.append(f"grown from {memory} kB and {descriptors} descriptors")
+    return wrong
+
+
+def main():
+    minutes = int(sys.argv[3])
+    if minutes < 4:
+        sys.exit("soak: it takes at least four minutes to see what grows")
+    daemon = start_daemon()
+    try:
+        await_answer()
+        with open("/tmp/err", encoding="utf-8", errors="replace") as errors:
+            wrong = soak(daemon, minutes, errors)
+    finally:
+        daemon.kill()
+    print(*wrong, sep="\n")
+    sys.exit(bool(wrong))
 
 
 main()

@@ -71,6 +71,9 @@ class Description(unittest.TestCase):
         targets.write_all(protocol, out)
         changed = [name for name in targets.TARGETS if (out / name).stat().st_mtime_ns != times[name]]
         self.assertEqual(changed, ["wlan_config.x"])
+        known = " ".join((out / "KNOWN_ISSUES.md").read_text().split())
+        for point, name in ((" ".join(oddity.split()), each.name) for each in protocol.procedures for oddity in each.oddities):
+            self.assertRegex(known, rf"`{name}`[^:]*: {re.escape(point)}")
 
 
 if __name__ == "__main__":

@@ -8,11 +8,13 @@ failed=0
 complain() { echo "$*" && failed=1; }
 
 DESTDIR=$root cmake --install "$1" >/dev/null || exit 1
-(cd "$root" && find . ! -type d -printf '%P %m\n') | sed "s,^${2#/}/,,; s,^$3/,LIBDIR/," | LC_ALL=C sort |
+(cd "$root" && find . ! -type d -printf '%P %m\n') | sed "s,^${2#/}/,,; s,^$3/wlan-configd/,LIBDIR/wlan-configd/," | LC_ALL=C sort |
     diff "$here/install.txt" - || complain "install.txt has another list"
 
 # What the daemon needs is on the smallest gateway.
-readelf -d "$root$2/sbin/wlan-configd" | grep NEEDED | grep -vE '\[(libtirpc|libc|libm|ld-linux[^.]*)\.so' &&
+needs='libtirpc|libc|libm|ld-linux[^.]*'
+! grep -q '^WLAN_STATIC_LIBSTDCXX:BOOL=OFF' "$1/CMakeCache.txt" || needs="$needs|libstdc\+\+|libgcc_s"
+readelf -d "$root$2/sbin/wlan-configd" | grep NEEDED | grep -vE "\[($needs)\.so" &&
     complain "... is more than the daemon may need"
 
 unit=$root$2/lib/systemd/system/wlan-configd.service
@@ -27,4 +29,5 @@ cp "$(pkg-config --variable=pcfiledir libtirpc)/libtirpc.pc" "$root/only"
 said=$(PKG_CONFIG_LIBDIR=$root/only cmake -G Ninja -S "$here/.." -B "$root/bare" \
     -DWLAN_CLIENT=OFF -DWLAN_SIM=OFF -DWLAN_MANUALS=OFF \
     -DCMAKE_DISABLE_FIND_PACKAGE_CLI11=ON -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON 2>&1) || complain "$said"
+said=$(cmake -G Ninja -S "$here/.." -B "$root/untested" -DWLAN_TESTS=OFF -DCMAKE_DISABLE_FIND_PACKAGE_GTest=ON 2>&1) || complain "$said"
 exit $failed

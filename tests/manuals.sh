@@ -10,10 +10,10 @@ holds() { # MANUAL WORD...
     done
 }
 options() { "$@" --help | sed -nE 's/^ +((-[a-zA-Z],? ?)?--[a-z-]+).*/\1/p' | grep -oE -e '--[a-z-]+'; }
-variables() { grep -rhoE 'getenv\("[A-Za-z_]+|\$[a-z_]+dir/' "$@" | grep -oE '[A-Za-z_]{4,}' | grep -v getenv | sort -u; }
+variables() { grep -rhoE '(getenv|_directory)\("[A-Za-z_]+|\$[a-z_]+dir/' "$@" | sed 's/.*["$]//; s,/,,' | sort -u; }
 
 commands=$("$1/bin/wlanctl" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
-[ "$(echo "$commands" | wc -l)" -gt 8 ] || failed=1
+[ "$(echo "$commands" | wc -l)" -gt 8 ] && variables src | grep -q '^STATE_DIRECTORY$' || failed=1
 # shellcheck disable=SC2046,SC2086  # words
 {
     holds wlanctl.1 $commands $(options "$1/bin/wlanctl") $(variables client)

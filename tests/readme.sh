@@ -6,7 +6,7 @@ sim/setup /tmp/gateway
 . /tmp/gateway/env
 env LD_PRELOAD="$1/lib/libzav_sim.so" "$1/bin/wlan-configd" 127.0.0.1 >/dev/null &
 PATH=$1/bin:$PATH
-until rpcinfo -u 127.0.0.1 538054928 1 >/dev/null 2>&1; do sleep 0.05; done
+timeout 20 sh -c 'until rpcinfo -u 127.0.0.1 538054928 1; do sleep 0.05; done' >/dev/null 2>&1 || exit 1
 sed -n 's/^    \$ wlanctl/wlanctl/p' README.md | while read -r command; do
     echo "    \$ $command"
     sh -c "$command" 2>&1 | sed 's/^/    /'

@@ -7,14 +7,13 @@ import tomllib
 import unittest
 from pathlib import Path
 
-from simulated import BIN, BUILD, GATEWAY, TOP, OnTheGateway, make_afresh, run
+from simulated import BUILD, GATEWAY, LOCK, TOP, WLANCTL, OnTheGateway, make_afresh, run, wlanctl
 
 sys.path += [str(TOP / "protocol"), str(BUILD / "protocol" / "python")]
 import wlan_config  # noqa: E402
 from generator import model  # noqa: E402
 
 FILES = [GATEWAY / "settings" / name for name in ("ZAV75024g.dat", "ZAV750.dat")]
-LOCK = Path("/tmp/nvram_set_lock")
 # Settings of another gateway: what is put back is to be as it was, but for what the import names.
 OTHER = r"""set ssid zvi01 'Q"\ # ä'   # a comment
 set standard zvi00 bg
@@ -43,10 +42,6 @@ set radius_server_key zv03 ';= '
 set radius_server_address zv03 10.0.0.1
 set air_time_bssid_weight zvi00 21
 """
-
-
-def wlanctl(*words, **options):
-    return run(BIN / "wlanctl", *words, **options)
 
 
 def stored():
@@ -87,7 +82,7 @@ class Provisioning(OnTheGateway):
             ran = wlanctl("import", self.write(text))
             self.assertEqual((ran.stdout, ran.stderr, ran.returncode), ("unchanged\n", "", 0))
         self.assertEqual(wlanctl("diff", "/tmp/factory.toml").stdout, "")
-        self.assertEqual(run("sh", "-c", f"{BIN}/wlanctl export >/dev/full").returncode, 5)
+        self.assertEqual(run("sh", "-c", f"{WLANCTL} export >/dev/full").returncode, 5)
         self.assertEqual(stored(), self.factory)
 
     def test_a_changed_gateway_becomes_that_of_the_file(self):

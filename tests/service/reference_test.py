@@ -11,8 +11,7 @@ import sys
 import time
 import unittest
 
-sys.dont_write_bytecode = True
-from simulated import BIN, BUILD, TOP, OnTheGateway, make_afresh, run  # noqa: E402
+from simulated import BIN, BUILD, TOP, OnTheGateway, make_afresh, run, wlanctl
 
 MADE = BUILD / "protocol"
 sys.path.insert(0, str(TOP / "protocol"))
@@ -27,10 +26,10 @@ class Reference(OnTheGateway):
         for each in model.load(TOP / "protocol").procedures:
             with self.subTest(each.name):
                 make_afresh()
-                run(BIN / "wlanctl", "down")
+                wlanctl("down")
                 if each.example.get("running"):
-                    self.assertEqual(run(BIN / "wlanctl", "up").stderr, "")
-                ran = run(BIN / "wlanctl", *shlex.split(each.example["call"]))
+                    self.assertEqual(wlanctl("up").stderr, "")
+                ran = wlanctl(*shlex.split(each.example["call"]))
                 self.assertEqual((ran.stdout.rstrip("\n"), ran.returncode),
                                  (each.example["prints"], each.example.get("status", 0)), ran.stderr)
 
@@ -54,12 +53,12 @@ class Reference(OnTheGateway):
 
     def test_the_example_in_c(self):
         make_afresh()
-        run(BIN / "wlanctl", "up")
+        wlanctl("up")
         for words, answer in [(["get-ssid", "2"], "0 Gateway-2.4G-2\n"), (["set-ssid", "2", "x"], "0\n"),
                               (["get-ssid", "2"], "0 x\n"), (["stations", "9"], "00:00:5E:00:53:B1 -48 dBm\n"),
                               (["scan", "1"], "Cafe channel 1, -40 dBm\n")]:
             self.assertIn(answer, run(BIN / "example_client", "127.0.0.1", *words).stdout, words)
-        run(BIN / "wlanctl", "down")
+        wlanctl("down")
 
     @unittest.skipUnless(shutil.which("tshark"), "no tshark")
     def test_the_dissector(self):
@@ -68,7 +67,7 @@ class Reference(OnTheGateway):
         loopback.bind(("lo", 0))
         loopback.setblocking(False)
         for words in ("get ssid 2", "set key_passphrase 1 1 secretsecret", "get key_passphrase 1 1 -r", "get ssid 99"):
-            run(BIN / "wlanctl", *words.split())
+            wlanctl(*words.split())
         with loopback, open("/tmp/capture", "wb") as file, contextlib.suppress(BlockingIOError):
             file.write(struct.pack("<IHHiIII", 0xA1B2C3D4, 2, 4, 0, 0, 65535, 1))
             while True:

@@ -10,11 +10,17 @@ from pathlib import Path
 TOP = Path(__file__).resolve().parents[2]
 BUILD = Path(sys.argv.pop(1)).resolve()
 BIN = BUILD / "bin"
+WLANCTL = BIN / "wlanctl"
 GATEWAY = Path("/tmp/gateway")
+LOCK = Path("/tmp/nvram_set_lock")
 
 
 def run(*command, **options):
     return subprocess.run([str(each) for each in command], capture_output=True, text=True, timeout=60, **options)
+
+
+def wlanctl(*words, **options):
+    return run(WLANCTL, *words, **options)
 
 
 def make_afresh():
@@ -30,9 +36,11 @@ def start_daemon(*arguments, program=BIN / "wlan-configd", **environment):
     daemon = subprocess.Popen([program, *arguments], stdout=subprocess.DEVNULL, stderr=subprocess.DEVNULL,
                               env={name: value for name, value in environment.items() if value is not None})
     for _ in range(100):
-        if run(BIN / "wlanctl", "get", "number_of_entries").returncode == 0:
+        if wlanctl("get", "number_of_entries").returncode == 0:
             return daemon
         time.sleep(0.05)
+    daemon.kill()
+    daemon.wait()
     raise RuntimeError("the daemon does not answer")
 
 

@@ -160,7 +160,7 @@ Finding find_lock(long *ret_seconds) {
         return {false};
     const auto age =
         std::chrono::system_clock::now() - std::chrono::system_clock::from_time_t(status.st_mtime);
-    const long seconds = std::chrono::duration_cast<std::chrono::seconds>(age).count();
+    const auto seconds = static_cast<long>(std::chrono::duration_cast<std::chrono::seconds>(age).count());
     if (ret_seconds != nullptr)
         *ret_seconds = seconds;
     return {true, fmt::format("for {} s", seconds)};

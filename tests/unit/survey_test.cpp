@@ -63,7 +63,7 @@ TEST(Survey, IsConvertedByteForByteAndBounded) {
             field.resize(is_text ? std::min(field.find('\0'), width) : width);
             table.replace(4 + 128 * at + to, field.size(), field);
         }
-        if (block[1 + 122 * at + 120] < 0) // it is a number, and signed
+        if (static_cast<signed char>(block[1 + 122 * at + 120]) < 0) // it is a number, and signed
             table.replace(4 + 128 * at + 121, 3, "\xff\xff\xff");
     }
     publish_survey(Radio::band_24g, *answer_of(block));

@@ -61,13 +61,10 @@ Replaced put_back(int fd, std::string_view from, std::size_t first, Sync wanted)
 
 // Whole blocks first: byte by byte the search would take as long as a system call.
 std::size_t common_beginning(std::string_view a, std::string_view b) {
-    constexpr std::size_t block = 64;
-    const std::size_t shorter = std::min(a.size(), b.size());
     std::size_t same = 0;
-    while (same + block <= shorter && a.compare(same, block, b, same, block) == 0)
-        same += block;
-    while (same < shorter && a[same] == b[same])
-        ++same;
+    for (const std::size_t block : {1024U, 64U, 1U})
+        while (same + block <= std::min(a.size(), b.size()) && a.compare(same, block, b, same, block) == 0)
+            same += block;
     return same;
 }
 

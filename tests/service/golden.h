@@ -2,6 +2,7 @@
 
 #include "service/gateway.h"
 
+#include <cstdint>
 #include <ostream>
 
 // The rows of tests/golden: what was expected of the daemon before it was written. See the README there.
@@ -57,7 +58,7 @@ public:
 private:
     struct Tail {
         std::string path;
-        std::size_t seen;
+        std::uintmax_t seen;
         Lines &lines;
     };
     void look();

@@ -3,6 +3,7 @@
 #include "client/chart.h"
 #include "client/exchange.h"
 #include "client/lookup.h"
+#include "client/picture.h"
 #include "client/waiting.h"
 
 #include <algorithm>
@@ -236,7 +237,28 @@ int scan(Context &context, const Words &words) {
 }
 
 int stations(Context &context, const Words &words) {
-    return call(context, {"get_assoc_devices_table", words.front()});
+    const Procedure &table = *find_procedure("wlan_get_assoc_devices_table");
+    Values index;
+    Answer answer;
+    if (Error error = take_arguments(context, table, words, index))
+        return print_error(context.output, error, &table);
+    if (Error error = ask(context.connection, table, index, answer))
+        return print_error(context.output, error, &table);
+    if (answer.code < 0 || context.output.json)
+        return print_outcome(context, table, index, answer);
+    if (Error error = find_names(context.connection, context.gateway))
+        return print_error(context.output, error);
+    Json devices = value_of(table, answer)["devices"];
+    for (Json &each : devices)
+        each["interface"] = name_of_bss(context.gateway, index.list[0].number, each["bss_from_0"]);
+    return print_table(context.output, table_of(devices, {{"INTERFACE", "interface"},
+                                                          {"MAC", "mac"},
+                                                          {"IP", "ip"},
+                                                          {"RSSI (dBm)", "rssi"},
+                                                          {"NAME", "name"},
+                                                          {"CLASS CODE", "class_code"},
+                                                          {"CAPABILITY BITS", "capability_bits"},
+                                                          {"VENDOR PREFIXES", "vendor_prefixes"}}));
 }
 
 int stats(Context &context, const Words &words) {

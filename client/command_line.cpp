@@ -136,9 +136,7 @@ Error check(const CommandLine &line, const std::vector<std::string> &words) {
 
 int run(CommandLine &line, const Words &given) {
     const std::string name = line.app.get_subcommands().front()->get_name();
-    const auto all = subcommands();
-    const auto subcommand =
-        std::find_if(all.begin(), all.end(), [&](auto &each) { return each.name == name; });
+    const Subcommand *const subcommand = find_subcommand(name); // it has parsed it, so there is one
     if (line.in_batch && !subcommand->in_batch)
         return print_error(line.context.output,
                            {Trouble::usage, fmt::format("'{}' is not for a batch", name)});

@@ -29,12 +29,6 @@ struct Line {
 
 bool is_option(const std::string &word) { return word.size() > 1 && word[0] == '-'; }
 
-const Subcommand *find_subcommand(const std::string &name) {
-    const auto all = subcommands();
-    const auto found = std::find_if(all.begin(), all.end(), [&](auto &each) { return each.name == name; });
-    return found == all.end() ? nullptr : &*found;
-}
-
 // What leads to the gateway stands in the line, too.
 void take_option(Connection &connection, const std::string &name, const std::string &value) {
     if (name == "--host")

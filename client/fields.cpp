@@ -13,7 +13,7 @@ std::string image_of(const Answer &answer) {
     return image;
 }
 
-std::size_t places_of(std::span<const Field> fields, const Field &field, std::string_view whole) {
+std::size_t places_in(std::span<const Field> fields, const Field &field, std::string_view whole) {
     const std::uint64_t counted =
         field.form == Form::table ? number_in(place_of(fields.front(), 0, whole)) : field.places;
     return static_cast<std::size_t>(std::min<std::uint64_t>(counted, field.places));

@@ -16,7 +16,7 @@ std::string image_of(const Answer &answer);
 // A place's own bytes, out of those of the whole.
 std::string_view place_of(const Field &field, std::size_t place, std::string_view whole);
 // How many places of a field of the whole hold something.
-std::size_t places_of(std::span<const Field> fields, const Field &field, std::string_view whole);
+std::size_t places_in(std::span<const Field> fields, const Field &field, std::string_view whole);
 
 std::uint64_t number_in(std::string_view place);
 std::int64_t signed_number_in(std::string_view place);

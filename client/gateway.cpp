@@ -77,3 +77,11 @@ std::vector<Radio> radios_of(const Gateway &gateway) {
     }
     return radios;
 }
+
+std::string name_of_bss(const Gateway &gateway, std::int64_t of_radio, std::size_t number) {
+    for (const auto &[band, interfaces] : radios_of(gateway))
+        if (std::find(interfaces.begin(), interfaces.end(), of_radio) != interfaces.end() &&
+            number < interfaces.size())
+            return name_of(gateway, interfaces[number]);
+    return fmt::format("{}", number);
+}

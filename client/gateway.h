@@ -26,6 +26,9 @@ std::int64_t index_of(const Gateway &gateway, std::string_view name);
 // The name, or the index where no name is known.
 std::string name_of(const Gateway &gateway, std::int64_t index);
 
+// The name of a radio's interface of that number, from 0, given any interface of the radio.
+std::string name_of_bss(const Gateway &gateway, std::int64_t of_radio, std::size_t number);
+
 // What drives the interface of that name, for people: "2.4 GHz" or "5 GHz".
 const char *band_of(std::string_view name);
 

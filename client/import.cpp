@@ -18,13 +18,11 @@ std::string place_name(const Context &context, const Item &item) {
 }
 
 // "wep_key 2", as behind `wlanctl get`.
-std::string setting_name(const Item &item) {
+std::string words_for(const Item &item) {
     return item.key ? fmt::format("{} {}", item.setting->name, *item.key) : std::string{item.setting->name};
 }
 
-bool is_masked(const Output &output, const Item &item) {
-    return item.setting->get->is_secret && !output.show_secrets;
-}
+bool is_masked(const Output &output, const Item &item) { return is_masked(output, *item.setting->get); }
 
 std::string shown(const Output &output, const Item &item) {
     if (!item.value)
@@ -36,15 +34,12 @@ std::string shown(const Output &output, const Item &item) {
 }
 
 void add_json(Json &object, const Output &output, const std::string &name, const Item &item) {
-    if (!item.value || is_masked(output, item)) {
+    if (!item.value || is_masked(output, item))
         object[name] = nullptr;
-    } else if (item.value->kind == Kind::text) {
-        object[name] = item.value->text;
-        if (!is_utf8(item.value->text))
-            object[name + "_hex"] = hexadecimal(item.value->text);
-    } else {
+    else if (item.value->kind == Kind::text)
+        add_value(object, name, item.value->text);
+    else
         object[name] = item.value->number;
-    }
 }
 
 Json item_json(const Context &context, const Item &item) {
@@ -162,7 +157,7 @@ int print_report(const Context &context, const Report &report) {
     }
     Table table{{"INTERFACE", "SETTING", "BEFORE", "WANTED", "RESULT"}, {}};
     for (const Change &change : report.changes)
-        table.rows.push_back({place_name(context, change.wanted), setting_name(change.wanted),
+        table.rows.push_back({place_name(context, change.wanted), words_for(change.wanted),
                               shown(context.output, change.before), shown(context.output, change.wanted),
                               result_of(context, report, change)});
     if (!table.rows.empty())
@@ -260,10 +255,9 @@ int show_calls(Context &context, const std::vector<Change> &changes, const Setti
             for (const Question &each : calls_of(change.wanted))
                 print_call(context.output, *each.procedure, each.arguments);
         else
-            status =
-                print_error(context.output,
-                            {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
-                                                          setting_name(change.wanted), change.hindrance)});
+            status = print_error(
+                context.output, {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
+                                                              words_for(change.wanted), change.hindrance)});
     }
     if (context.output.json && !file.strangers.empty())
         print_json({{"status", "failed"}, {"changes", Json::array()}, {"skipped", strangers_json(file)}});
@@ -288,7 +282,7 @@ int diff(Context &context, const Words &words) {
         add_json(object, context.output, "gateway", change.now);
         add_json(object, context.output, "file", change.wanted);
         list.push_back(object);
-        table.rows.push_back({place_name(context, change.wanted), setting_name(change.wanted),
+        table.rows.push_back({place_name(context, change.wanted), words_for(change.wanted),
                               shown(context.output, change.now), shown(context.output, change.wanted)});
     }
     if (context.output.json)

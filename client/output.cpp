@@ -26,11 +26,6 @@ bool has_value(const Procedure &procedure) {
     return procedure.result != Result::code && procedure.result != Result::none;
 }
 
-bool is_masked(const Output &output, const Procedure &procedure) {
-    const bool bare = output.raw && !output.json;
-    return procedure.is_secret && !output.show_secrets && !bare;
-}
-
 // What people read of a field's name.
 std::string title_of(const Field &field) {
     std::string title = *field.speaking == '\0' ? field.name : field.speaking;
@@ -50,13 +45,13 @@ Json place_json(const Field &field, std::string_view place) {
 void add_fields(Json &object, std::span<const Field> fields, std::string_view whole) {
     for (const Field &field : fields) {
         Json values = Json::array();
-        for (std::size_t i = 0; i < places_of(fields, field, whole); ++i) {
+        for (std::size_t i = 0; i < places_in(fields, field, whole); ++i) {
             const std::string_view place = place_of(field, i, whole);
             values.push_back(field.fields.empty() ? place_json(field, place) : Json::object());
             if (!field.fields.empty())
                 add_fields(values.back(), field.fields, place);
-            else if (const std::string text = value_in(field, place); !is_utf8(text))
-                object[fmt::format("{}_hex", field.name)] = hexadecimal(text);
+            else
+                add_value(object, field.name, value_in(field, place)); // the text, and what it has beside it
         }
         object[field.name] = field.places == 1 ? values.at(0) : values;
         if (*field.speaking != '\0')
@@ -64,15 +59,11 @@ void add_fields(Json &object, std::span<const Field> fields, std::string_view wh
     }
 }
 
-void add_value(Json &object, const Output &output, const Procedure &procedure, const Answer &answer) {
-    if (is_masked(output, procedure)) {
-        object["value"] = nullptr;
+void add_answer(Json &object, const Output &output, const Procedure &procedure, const Answer &answer) {
+    const bool masked = is_masked(output, procedure);
+    add_value(object, "value", masked ? Json(nullptr) : value_of(procedure, answer));
+    if (masked)
         object["masked"] = true;
-    } else {
-        object["value"] = value_of(procedure, answer);
-        if (procedure.result == Result::text && !is_utf8(answer.text))
-            object["value_hex"] = hexadecimal(answer.text);
-    }
 }
 
 void add_subject(Json &object, const Subject &subject) {
@@ -91,7 +82,7 @@ void print_answer_json(const Output &output, const Procedure &procedure, const A
     if (!acts.by.empty())
         object["by"] = acts.by;
     if (has_value(procedure))
-        add_value(object, output, procedure, answer);
+        add_answer(object, output, procedure, answer);
     print_json(object);
 }
 
@@ -124,7 +115,7 @@ int print_record_table(const Output &output, std::span<const Field> fields, cons
         if (field.shown == Shown::everywhere)
             table.heading.push_back(upper_case(title_of(field)) +
                                     (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
-    table.rows.resize(places_of(fields, records, whole));
+    table.rows.resize(places_in(fields, records, whole));
     for (std::size_t i = 0; i < table.rows.size(); ++i)
         for (const Field &field : records.fields)
             if (field.shown == Shown::everywhere)
@@ -200,6 +191,11 @@ const char *name_of(Trouble trouble) {
 }
 
 } // namespace
+
+bool is_masked(const Output &output, const Procedure &procedure) {
+    const bool bare = output.raw && !output.json;
+    return procedure.is_secret && !output.show_secrets && !bare;
+}
 
 Json value_of(const Procedure &procedure, const Answer &answer) {
     const auto fields = knowledge_of(procedure).fields;

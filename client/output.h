@@ -38,6 +38,9 @@ struct Subject {
 // fields.
 Json value_of(const Procedure &procedure, const Answer &answer);
 
+// Whether what the procedure answers is a secret that is not to be shown.
+bool is_masked(const Output &output, const Procedure &procedure);
+
 // All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});

@@ -25,12 +25,6 @@ Table table_of(const Json &objects, const std::vector<Column> &columns) {
     return table;
 }
 
-void add_bytes(Json &object, const std::string &key, const Json &text) {
-    object[key] = text;
-    if (text.is_string() && !is_utf8(text.get<std::string>()))
-        object[key + "_hex"] = hexadecimal(text.get<std::string>());
-}
-
 int print_picture(const Output &output, const Picture &picture) {
     Output whole = output;
     whole.columns.clear();

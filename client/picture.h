@@ -22,9 +22,6 @@ struct Column {
 Table table_of(const Json &objects, const std::vector<Column> &columns);
 std::string cell_of(const Json &value);
 
-// Adds a text that may hold any bytes; where it is not UTF-8, in hexadecimal, too.
-void add_bytes(Json &object, const std::string &key, const Json &text);
-
 // The columns that the user chose are those of the last table. The exit status.
 int print_picture(const Output &output, const Picture &picture);
 

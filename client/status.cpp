@@ -5,7 +5,6 @@
 
 #include <algorithm>
 #include <ctime>
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 
 namespace {
@@ -84,7 +83,7 @@ Json bss_json(const Snapshot &gateway, const Gateway &names, std::int64_t index)
     const Json &with_wpa = gateway.value("wpa_encryption_modes", index);
     const Json encryption = with_wpa.is_null() ? gateway.value("basic_encryption_modes", index) : with_wpa;
     Json bss{{"index", index}, {"interface", name_of(names, index)}};
-    add_bytes(bss, "ssid", gateway.value("ssid", index));
+    add_value(bss, "ssid", gateway.value("ssid", index));
     bss["authentication"] = authentication;
     bss["encryption"] = encryption;
     bss["security"] = security_of(authentication, encryption);
@@ -131,7 +130,7 @@ Json daemon_json(const Connection &connection) {
         return {{"version", nullptr}, {"started", nullptr}, {"process", nullptr}};
     const std::string version = version_of(*process);
     return {{"version", version.empty() ? Json(nullptr) : Json(version)},
-            {"started", fmt::format("{:%FT%TZ}", fmt::gmtime(static_cast<time_t>(start_of(*process))))},
+            {"started", moment(static_cast<std::time_t>(start_of(*process)))},
             {"process", process->process}};
 }
 

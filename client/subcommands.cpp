@@ -1,5 +1,9 @@
 #include "client/subcommands.h"
 
+#include <algorithm>
+#include <iterator>
+#include <string_view>
+
 namespace {
 
 constexpr Flag force{"--force", "send also what makes no sense", &Options::force};
@@ -151,3 +155,9 @@ constexpr Subcommand table[] = {
 } // namespace
 
 std::span<const Subcommand> subcommands() { return table; }
+
+const Subcommand *find_subcommand(std::string_view name) {
+    const auto *found =
+        std::find_if(std::begin(table), std::end(table), [&](auto &each) { return each.name == name; });
+    return found == std::end(table) ? nullptr : found;
+}

@@ -27,3 +27,4 @@ struct Subcommand {
 };
 
 std::span<const Subcommand> subcommands();
+const Subcommand *find_subcommand(std::string_view name); // or null

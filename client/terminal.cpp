@@ -4,6 +4,7 @@
 
 #include <cstdlib>
 #include <cstring>
+#include <fmt/chrono.h>
 #include <fmt/format.h>
 #include <langinfo.h>
 #include <sys/ioctl.h>
@@ -28,6 +29,12 @@ void print_json(const Json &object) {
     fmt::print("{}\n", object.dump(-1, ' ', is_terminal(stdout), Json::error_handler_t::replace));
 }
 
+void add_value(Json &object, const std::string &key, const Json &value) {
+    object[key] = value;
+    if (value.is_string() && !is_utf8(value.get<std::string>()))
+        object[key + "_hex"] = hexadecimal(value.get<std::string>());
+}
+
 std::size_t width_of_terminal() {
     constexpr std::size_t usual = 80;
     winsize size{};
@@ -39,6 +46,8 @@ std::size_t height_of_terminal() {
     winsize size{};
     return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_row > 0 ? size.ws_row : usual;
 }
+
+std::string moment(std::time_t time) { return fmt::format("{:%FT%TZ}", fmt::gmtime(time)); }
 
 // Counts bytes: what is wrapped is the description's own English.
 std::string wrapped(std::string_view text, std::size_t indent) {

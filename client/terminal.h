@@ -1,6 +1,7 @@
 #pragma once
 
 #include <cstdio>
+#include <ctime>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <string_view>
@@ -21,9 +22,15 @@ std::string emphasis(std::string_view text);
 
 void print_json(const Json &object);
 
+// Adds a value; a text of any bytes that are not UTF-8 stands there in hexadecimal, too.
+void add_value(Json &object, const std::string &key, const Json &value);
+
 // Columns and lines; where there is no terminal, 80 and 24.
 std::size_t width_of_terminal();
 std::size_t height_of_terminal();
+
+// The time as ISO 8601 has it, in UTC.
+std::string moment(std::time_t time);
 
 // The text in lines as wide as the terminal, each but the first behind the indent.
 std::string wrapped(std::string_view text, std::size_t indent);

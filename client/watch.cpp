@@ -12,7 +12,6 @@
 #include <array>
 #include <cmath>
 #include <ctime>
-#include <fmt/chrono.h>
 #include <fmt/format.h>
 #include <map>
 
@@ -78,9 +77,8 @@ Error watch_stations(Watched &watched, Picture &ret_picture) {
     ret_picture.value = Json::array();
     for (const std::int64_t index : radios)
         for (Json station : gateway.field("assoc_devices_table", index, "devices")) {
-            const std::int64_t bss = index + station["bss_from_0"].get<std::int64_t>();
             station["radio"] = band_of(name_of(watched.context.gateway, index));
-            station["interface"] = name_of(watched.context.gateway, bss);
+            station["interface"] = name_of_bss(watched.context.gateway, index, station["bss_from_0"]);
             ret_picture.value.push_back(std::move(station));
         }
     ret_picture.tables = {
@@ -190,8 +188,6 @@ struct View {
 constexpr std::array views{View{"status", watch_status, 1}, View{"stations", watch_stations, 2},
                            View{"stats", watch_stats, 2}, View{"scan", watch_scan, 2}};
 
-std::string moment(std::time_t time) { return fmt::format("{:%FT%TZ}", fmt::gmtime(time)); }
-
 // Shows what each round brings; after a round without a reply, the last one that had one.
 class Screen {
 public:
@@ -234,7 +230,7 @@ private:
         picture.text.insert(0, fmt::format("wlanctl watch {}, every {} s, {}\n", what_, interval_,
                                            moment(std::time(nullptr))));
         if (error)
-            picture.text.insert(0, fmt::format("not to be read since {}:\n  {}\n", moment(silent_since_),
+            picture.text.insert(0, fmt::format("no reply since {}:\n  {}\n", moment(silent_since_),
                                                wrapped(shown_on(stdout, error.message), 2)));
         if (is_terminal(stdout)) {
             fit(picture, height_of_terminal() - 1);

@@ -7,6 +7,8 @@
 #include <cstdlib>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
+#include <rpc/pmap_clnt.h>
+#include <rpc/rpc.h>
 #include <set>
 #include <sstream>
 #include <sys/socket.h>
@@ -221,9 +223,9 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
         {{"up"}, 0, "done\n", ""},
         {{"--no-header", "stations", "zvi01"}, // of the whole radio
          0,
-         "00:00:5E:00:53:A1\t\t00-50-f2;00-10-18\t0000000000000011\t3\t-50\t0\tstation-1\n"
-         "00:00:5E:00:53:A2\t\t\t0000000000000011\t3\t-61\t1\tstation-2\n"
-         "00:00:5E:00:53:A3\t\t\t0000000000000011\t3\t-72\t0\tstation-3\n",
+         "zvi00\t00:00:5E:00:53:A1\t\t-50\tstation-1\t3\t0000000000000011\t00-50-f2;00-10-18\n"
+         "zvi01\t00:00:5E:00:53:A2\t\t-61\tstation-2\t3\t0000000000000011\t\n"
+         "zvi00\t00:00:5E:00:53:A3\t\t-72\tstation-3\t3\t0000000000000011\t\n",
          ""},
         {{"stats", "1"},
          0,
@@ -255,12 +257,28 @@ TEST(Wlanctl, ShowsStationsAndCounters) {
     EXPECT_EQ(second.at("rssi"), -69);
     write_file(gateway.path("24g/stations"), "");
     play({{{"stations", "1", "--columns", "rssi,MAC"}, 0, "RSSI (dBm)\tMAC\n", ""},
-          {{"stations", "1", "--columns", "mac,ip,speed"}, 2, "", "no column 'speed'; there are mac, ip, "}});
+          {{"stations", "1", "--columns", "mac,ip,speed"},
+           2,
+           "",
+           "no column 'speed'; there are interface, mac, ip, "}});
     gateway.fault("show.zvi00.pkt_counters.fail", "5");
     play({{{"stats", "1"}, 1, "", "wlan_get_stats: the daemon answered"},
           {{"--json", "stats", "1"}, 1, json("wlan_get_stats", "failed", "-1"), ""}});
     gateway.fault("stations.fail", "5");
     play({no_stations, no_basic_stats});
+}
+
+int open_server(unsigned *ret_port) {
+    const int server = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
+    sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
+    socklen_t length = sizeof address;
+    auto *const name = reinterpret_cast<sockaddr *>(&address);
+    EXPECT_EQ(bind(server, name, length), 0);
+    EXPECT_EQ(getsockname(server, name, &length), 0);
+    const timeval patience{10, 0};
+    EXPECT_EQ(setsockopt(server, SOL_SOCKET, SO_RCVTIMEO, &patience, sizeof patience), 0);
+    *ret_port = ntohs(address.sin_port);
+    return server;
 }
 
 // Answers one call: first under a number that is not the call's, then with the body.
@@ -280,13 +298,9 @@ void answer_once(int server, const std::string &body) {
 
 TEST(Wlanctl, TakesAWholeReplyToItsOwnCall) {
     Gateway registered; // so that the portmapper names another port
-    const int server = socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0);
-    sockaddr_in address{AF_INET, 0, {htonl(INADDR_LOOPBACK)}, {}};
-    socklen_t length = sizeof address;
-    auto *const name = reinterpret_cast<sockaddr *>(&address);
-    ASSERT_EQ(bind(server, name, length), 0);
-    ASSERT_EQ(getsockname(server, name, &length), 0);
-    const std::vector<std::string> port{"--port", std::to_string(ntohs(address.sin_port)), "--timeout", "2"};
+    unsigned own_port = 0;
+    const int server = open_server(&own_port);
+    const std::vector<std::string> port{"--port", std::to_string(own_port), "--timeout", "2"};
     const char lacking[] = "the reply of the daemon lacks the value";
     const std::pair<std::string, Row> rows[] = {
         {data_reply(0, {}, std::string("right\0", 6)), {{"get", "ssid", "1"}, 0, "ssid: right\n", ""}},
@@ -303,6 +317,29 @@ TEST(Wlanctl, TakesAWholeReplyToItsOwnCall) {
     play({{join(port, {"get", "ssid", "1", "--force"}), 3, "",
            "no reply from the daemon of 127.0.0.1 in time (2 s)"}});
     close(server);
+}
+
+bool move_daemon(unsigned port) {
+    pmap_unset(0x20121110, 1);
+    return pmap_set(0x20121110, 1, IPPROTO_UDP, static_cast<u_short>(port)) != 0;
+}
+
+// A call that is lost because the daemon has begun anew at another port.
+TEST(Wlanctl, AsksAgainAtAnotherPortOnlyWhatMayBeRepeated) {
+    const Gateway gateway;
+    for (const Row &row : {Row{{"get", "ssid", "1"}, 0, "ssid: Gateway-2.4G\n", ""},
+                           Row{{"restart", "1"}, 3, "", "no reply from the daemon"}}) {
+        unsigned old_port = 0;
+        const int server = open_server(&old_port);
+        ASSERT_TRUE(move_daemon(old_port));
+        const std::jthread moving([&] {
+            char byte = 0;
+            EXPECT_EQ(recv(server, &byte, sizeof byte, 0), 1);
+            EXPECT_TRUE(move_daemon(gateway.port()));
+        });
+        play({{join(row.words, {"--timeout", "0.5", "--force"}), row.status, row.out, row.err}});
+        close(server);
+    }
 }
 
 TEST(Wlanctl, SaysThatNoDaemonIsRegistered) {

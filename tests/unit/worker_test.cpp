@@ -63,8 +63,9 @@ TEST(Worker, IsDetachedAndSmall) {
     const Thread own = seen.get_future().get();
     EXPECT_EQ(own.detached, PTHREAD_CREATE_DETACHED);
     // some ports allow no stack as small
-    EXPECT_EQ(own.stack, SANITIZED ? std::size_t{1} << 20
-                                   : std::max(std::size_t{32768}, std::size_t{PTHREAD_STACK_MIN}));
+    EXPECT_EQ(own.stack, SANITIZED
+                             ? std::size_t{1} << 20
+                             : std::max(std::size_t{32768}, static_cast<std::size_t>(PTHREAD_STACK_MIN)));
 }
 
 // The command is started before a stop can begin, and the result is there before the end shows.

@@ -147,7 +147,8 @@ bool settle(const char *who, Store store) {
 }
 
 bool is_key(std::string_view key) {
-    return !key.empty() && key.size() <= longest_key && key.find_first_of("=\n") == key.npos;
+    const auto ends_it = [](char c) { return c == '=' || c == '\n'; };
+    return !key.empty() && key.size() <= longest_key && std::none_of(key.begin(), key.end(), ends_it);
 }
 
 bool is_value(const char *value) { return std::strchr(value, '\n') == nullptr; }

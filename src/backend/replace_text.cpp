@@ -61,11 +61,12 @@ Replaced put_back(int fd, std::string_view from, std::size_t first, Sync wanted)
 
 // Whole blocks first: byte by byte the search would take as long as a system call.
 std::size_t common_beginning(std::string_view a, std::string_view b) {
-    std::size_t same = 0;
-    for (const std::size_t block : {1024U, 64U, 1U})
-        while (same + block <= std::min(a.size(), b.size()) && a.compare(same, block, b, same, block) == 0)
-            same += block;
-    return same;
+    const auto length = static_cast<std::ptrdiff_t>(std::min(a.size(), b.size()));
+    const char *in_a = a.begin(), *in_b = b.begin(), *const end = in_a + length;
+    for (const std::ptrdiff_t block : {1024, 64, 8})
+        for (; end - in_a >= block && std::equal(in_a, in_a + block, in_b); in_a += block)
+            in_b += block;
+    return static_cast<std::size_t>(std::mismatch(in_a, end, in_b).first - a.begin());
 }
 
 Replaced replace_text(int fd, std::string_view from, std::string_view to, Sync wanted) {

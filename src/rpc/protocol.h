@@ -58,11 +58,16 @@ constexpr const Procedure *find_procedure(std::string_view name) {
     return nullptr;
 }
 
+// By number, for the transport asks at every request.
+inline constexpr auto protocol_runs_again = [] {
+    std::array<bool, std::rbegin(protocol)->number + 1> runs_again{};
+    for (const Procedure &procedure : protocol)
+        runs_again.at(procedure.number) = procedure.runs_again;
+    return runs_again;
+}();
+
 // Whether a call must not be carried out a second time because its reply was lost: the transport keeps the
 // replies of these.
 constexpr bool runs_again(unsigned number) {
-    for (const Procedure &procedure : protocol)
-        if (procedure.number == number)
-            return procedure.runs_again;
-    return false;
+    return number < protocol_runs_again.size() && protocol_runs_again.at(number);
 }

@@ -42,9 +42,9 @@ TEST_F(Survey, OfBothBandsKeepsNobodyWaiting) {
     EXPECT_EQ(ask_both(scan), Both(accepted, accepted));
     EXPECT_EQ(ask_both(scan, 7), Both(refused, refused)) << "both are busy";
     EXPECT_EQ(ask(restart_all, 0), word(0));
-    const std::string words = " --port " + std::to_string(gateway.port()) + " get ssid 1";
+    const std::string words = " 127.0.0.1 " + std::to_string(gateway.port()) + " 21 1"; // wlan_get_ssid
     const std::string other_client =
-        "for i in $(seq 30); do " BINARY_DIR "/bin/wlanctl" + words + " || exit; done";
+        "for i in $(seq 30); do " BINARY_DIR "/bin/rpcgen_client" + words + " || exit; done";
     Process others[] = {{{"/bin/sh", "-c", other_client}, {}, "/tmp/1.out", "/tmp/1.err"},
                         {{"/bin/sh", "-c", other_client}, {}, "/tmp/2.out", "/tmp/2.err"},
                         {{"/bin/sh", "-c", other_client}, {}, "/tmp/3.out", "/tmp/3.err"}};

@@ -16,7 +16,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
-#include <sys/stat.h>
+#include <unistd.h>
 #include <utility>
 
 namespace {
@@ -69,17 +69,20 @@ Descriptor open_settings(const SettingsFile &file) {
     return Descriptor(open(path, O_RDWR | O_CLOEXEC | O_NONBLOCK | links));
 }
 
-// The whole text for a set: what is not read would be lost. A file of the limit or more is cut at it.
+// The whole text for a set: what is not read would be lost. A file of the limit or more is cut at it. The
+// length is asked for by lseek(): fstat() costs more, and because it tells the times, too, the file system
+// has to note the next change's time anew, which costs as much as the change.
 std::optional<std::string_view> read_whole_settings(const Descriptor &file) {
-    struct stat found {};
     std::size_t length = 0;
     ssize_t more = 0;
     do {
-        more = read(file.get(), stored_text.data() + length, stored_text.size() - length);
-        if (more < 0 || fstat(file.get(), &found) != 0)
+        more = pread(file.get(), stored_text.data() + length, stored_text.size() - length,
+                     static_cast<off_t>(length));
+        const off_t whole = more < 0 ? -1 : lseek(file.get(), 0, SEEK_END);
+        if (whole < 0)
             return std::nullopt;
         length += static_cast<std::size_t>(more);
-        if (length == stored_text.size() || std::cmp_equal(length, found.st_size))
+        if (length == stored_text.size() || std::cmp_equal(length, whole))
             return std::string_view(stored_text.data(), length);
     } while (more > 0);
     errno = EIO;
@@ -111,7 +114,7 @@ std::optional<std::string_view> text_for_get(const SettingsFile &file) {
 // start of the machine takes that away, and the platform makes it anew. Any other failure may pass, such as
 // that of a radio's file whose directory is not mounted yet, and the change can be finished then.
 bool is_gone(Store store, int error) {
-    constexpr int something_else[] = {ELOOP, EISDIR, ENXIO, EAGAIN}; // the last two: a socket, a FIFO
+    constexpr int something_else[] = {ELOOP, EISDIR, ENXIO, ESPIPE}; // the last two: a socket, a FIFO
     return (store == Store::vlan && error == ENOENT) ||
            std::find(std::begin(something_else), std::end(something_else), error) != std::end(something_else);
 }

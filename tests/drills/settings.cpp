@@ -13,7 +13,6 @@
 #include <iostream>
 #include <random>
 #include <sys/stat.h>
-#include <sys/syscall.h>
 #include <sys/wait.h>
 #include <unistd.h>
 #include <utility>
@@ -54,14 +53,14 @@ extern "C" int open(const char *path, int flags, ...) {
     va_end(values);
     return int(at_call('o', -1, 0, "", [=](auto) { return open64(path, flags, mode); }));
 }
-extern "C" ssize_t read(int fd, void *text, std::size_t length) {
+extern "C" ssize_t pread(int fd, void *text, std::size_t length, off_t at) {
     const std::size_t most =
-        lseek(fd, 0, SEEK_CUR) == 0 ? 7 : length; // no more than the lines of a short value
-    return at_call('e', fd, 0, "", [=](auto) { return syscall(SYS_read, fd, text, std::min(length, most)); });
+        at == 0 && length == settings_file_limit ? 7 : length; // no more than the lines of a short value
+    return at_call('e', fd, 0, "", [=](auto) { return pread64(fd, text, std::min(length, most), at); });
 }
 extern "C" int __open_2(const char *path, int flags) { return open(path, flags); }
-extern "C" ssize_t __read_chk(int fd, void *text, std::size_t length, std::size_t) {
-    return read(fd, text, length);
+extern "C" ssize_t __pread_chk(int fd, void *text, std::size_t length, off_t at, std::size_t) {
+    return pread(fd, text, length, at);
 }
 extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at) {
     return at_call('w', fd, at, {static_cast<const char *>(text), length},

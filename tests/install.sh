@@ -14,8 +14,9 @@ DESTDIR=$root cmake --install "$1" >/dev/null || exit 1
 # What the daemon needs is on the smallest gateway.
 needs='libtirpc|libc|libm|ld-linux[^.]*'
 ! grep -q '^WLAN_STATIC_LIBSTDCXX:BOOL=OFF' "$1/CMakeCache.txt" || needs="$needs|libstdc\+\+|libgcc_s"
-readelf -d "$root$2/sbin/wlan-configd" | grep NEEDED | grep -vE "\[($needs)\.so" &&
-    complain "... is more than the daemon may need"
+needed=$(readelf -d "$root$2/sbin/wlan-configd" | grep NEEDED)
+echo "$needed" | grep -q libtirpc || complain "the daemon does not need libtirpc: $needed"
+echo "$needed" | grep -vE "\[($needs)\.so" && complain "... is more than the daemon may need"
 
 unit=$root$2/lib/systemd/system/wlan-configd.service
 sed -i "s,$2/sbin,$root&," "$unit"

@@ -13,7 +13,7 @@ options() { "$@" --help | sed -nE 's/^ +((-[a-zA-Z],? ?)?--[a-z-]+).*/\1/p' | gr
 variables() { grep -rhoE '(getenv|_directory)\("[A-Za-z_]+|\$[a-z_]+dir/' "$@" | sed 's/.*["$]//; s,/,,' | sort -u; }
 
 commands=$("$1/bin/wlanctl" --help | sed -n '/^Subcommands:/,/^$/s/^  \([a-z-]*\) .*/\1/p')
-[ "$(echo "$commands" | wc -l)" -gt 8 ] && variables src | grep -q '^STATE_DIRECTORY$' || failed=1
+[ "$(echo "$commands" | wc -l)" -gt 8 ] && [ "$(options "$1/bin/wlanctl" | wc -l)" -gt 8 ] && options "$1/bin/wlan-configd" | grep -q . && variables src | grep -q '^STATE_DIRECTORY$' || failed=1
 # shellcheck disable=SC2046,SC2086  # words
 {
     holds wlanctl.1 $commands $(options "$1/bin/wlanctl") $(variables client)

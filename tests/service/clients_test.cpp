@@ -175,6 +175,9 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
 TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     Gateway gateway;
     make_afresh();
+    for (const char *command :
+         {"restart", "describe", "diff", "import", "restore-defaults", "wps-oob", "batch", "up", "export"})
+        play({{{command, ""}, 2, "", " is empty"}});
     play({
         {{"scan", "1"}, 1, "", "wlan_ap_scan: the daemon answered failure"}, // no driver yet
         {{"up"}, 0, "done\n", ""},

@@ -163,7 +163,8 @@ LINES = [
     ("set --re", ["--restart"]), ("set ssid zv0", ["zv00", ..., "zv07"]), ("restart ", ["zvi00", ..., "all"]),
     ("up ", ["dual", "24", "5"]), ("--json --host 127.0.0.1 --timeout 3 get ssid zvi07", ["zvi07"]), ("--timeout ", []),
     ("--host = no.invalid scan zv07", []), ("--port 9 scan zv", []), ("set basic_encryption_modes 1 WEP", ["WEPEncryption"]),
-    ("set ssid 1 -- --", []), ("nonsense zv", []),
+    ("set ssid 1 -- --", []), ("nonsense zv", []), ("watch --interval ", []), ("watch --interval 5 sta", ["status", "stations", "stats"]),
+    ("watch status ", []), ("watch --interval = 5 scan zv07", ["zv07"]),
 ]
 
 

@@ -240,7 +240,10 @@ void print_call(const Output &output, const Procedure &procedure, const Values &
         const auto &[name, kind, is_secret] = procedure.arguments.fields.at(i);
         const Value &value = arguments.list[i];
         const bool masked = is_secret && !output.show_secrets;
-        given[name] = masked ? Json(nullptr) : kind == Kind::text ? Json(value.text) : Json(value.number);
+        add_value(given, name,
+                  masked               ? Json(nullptr)
+                  : kind == Kind::text ? Json(value.text)
+                                       : Json(value.number));
         line += fmt::format(" {}={}", name,
                             masked               ? "(hidden)"
                             : kind == Kind::text ? fmt::format("'{}'", shown_on(stdout, value.text))

@@ -108,25 +108,36 @@ std::string upper_case(std::string_view text) {
     return upper;
 }
 
-int print_record_table(const Output &output, std::span<const Field> fields, const Field &records,
-                       std::string_view whole) {
-    Table table;
+Row heading_of(const Field &records) {
+    Row heading;
     for (const Field &field : records.fields)
         if (field.shown == Shown::everywhere)
-            table.heading.push_back(upper_case(title_of(field)) +
-                                    (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+            heading.push_back(upper_case(title_of(field)) +
+                              (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+    return heading;
+}
+
+std::vector<Row> headings_of(std::span<const Field> fields) {
+    std::vector<Row> headings;
+    for (const Field &field : fields)
+        if (!field.fields.empty() && field.shown != Shown::only_in_json)
+            headings.push_back(heading_of(field));
+    return headings;
+}
+
+Table table_of_records(std::span<const Field> fields, const Field &records, std::string_view whole) {
+    Table table{heading_of(records), {}};
     table.rows.resize(places_in(fields, records, whole));
     for (std::size_t i = 0; i < table.rows.size(); ++i)
         for (const Field &field : records.fields)
             if (field.shown == Shown::everywhere)
                 table.rows[i].push_back(
                     shown_on(stdout, value_in(field, place_of(field, 0, place_of(records, i, whole)))));
-    return print_table(output, table);
+    return table;
 }
 
-void print_line(const Output &output, std::string_view name, const std::string &value) {
-    const std::string line = output.raw ? value + '\n' : fmt::format("{}: {}\n", emphasis(name), value);
-    std::fwrite(line.data(), 1, line.size(), stdout); // a failure shows when it is flushed
+std::string line_of(const Output &output, std::string_view name, const std::string &value) {
+    return output.raw ? value + '\n' : fmt::format("{}: {}\n", emphasis(name), value);
 }
 
 // What stands behind a value, for people: its unit, the name of an interface behind its index.
@@ -141,21 +152,22 @@ std::string behind(const Output &output, const Field &field, const Subject &subj
 int print_fields(const Output &output, const Subject &subject, std::span<const Field> fields,
                  std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
-    int status = 0;
+    std::string lines;
+    std::vector<Table> tables;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
         if (field.shown == Shown::only_in_json)
             continue;
         if (!field.fields.empty()) {
-            status = std::max(status, print_record_table(output, fields, field, whole));
+            tables.push_back(table_of_records(fields, field, whole));
             continue;
         }
         Row values;
         for (std::size_t i = 0; i < field.places; ++i)
             values.push_back(shown_on(stdout, value_in(field, place_of(field, i, whole))));
-        print_line(output, field.name,
-                   fmt::format("{}{}", fmt::join(values, " "), behind(output, field, subject)));
+        lines += line_of(output, field.name,
+                         fmt::format("{}{}", fmt::join(values, " "), behind(output, field, subject)));
     }
-    return status;
+    return print_tables(output, lines, tables);
 }
 
 int print_value(const Output &output, const Procedure &procedure, const Answer &answer,
@@ -168,8 +180,7 @@ int print_value(const Output &output, const Procedure &procedure, const Answer &
         value = "(hidden: --show-secrets shows it)";
     else if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
-    print_line(output, setting_name(procedure.name), value);
-    return 0;
+    return print_tables(output, line_of(output, setting_name(procedure.name), value), {});
 }
 
 void print_code(const Answer &answer, const Acts &acts) {
@@ -195,6 +206,10 @@ const char *name_of(Trouble trouble) {
 bool is_masked(const Output &output, const Procedure &procedure) {
     const bool bare = output.raw && !output.json;
     return procedure.is_secret && !output.show_secrets && !bare;
+}
+
+Error check_columns(const Output &output, const Procedure &procedure) {
+    return check_columns(output, headings_of(knowledge_of(procedure).fields));
 }
 
 Json value_of(const Procedure &procedure, const Answer &answer) {

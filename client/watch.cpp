@@ -238,7 +238,7 @@ private:
                                                wrapped(shown_on(stdout, error.message), 2)));
         if (is_terminal(stdout)) {
             fit(picture, height_of_terminal() - 1);
-            fmt::print("\x1b[H\x1b[2J");
+            picture.text.insert(0, "\x1b[H\x1b[2J");
         }
         return print_picture(output_, picture);
     }

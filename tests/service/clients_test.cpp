@@ -189,6 +189,7 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
         play({{{command, ""}, 2, "", " is empty"}});
     play({
         {{"scan", "1"}, 1, "", "wlan_ap_scan: the daemon answered failure"}, // no driver yet
+        {{"scan", "1", "--columns", "ssid,typo"}, 2, "", "no column 'typo'; there are bssid, "},
         {{"up"}, 0, "done\n", ""},
         {{"scan", "zvi07"},
          0,

@@ -123,6 +123,8 @@ class Provisioning(OnTheGateway):
                 self.assertIn("it changes also the same of the radio's other BSSes", results["zvi00", "wmm_apsd"])
             self.assertEqual(wlanctl("diff", "/tmp/factory.toml").returncode == 0, all_as_before)
         make_afresh()
+        ran = wlanctl("import", "--columns", "setting,typo", self.write(refused))
+        self.assertEqual((ran.returncode, ran.stdout, stored()), (2, "", self.factory))
         LOCK.touch()
         self.addCleanup(LOCK.unlink)
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])

@@ -175,6 +175,9 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
         {{"set", "ssid", "1", "@/tmp/none"}, 2, "", "/tmp/none"},
         {{"--port", "9", "get", "ssid", "1"}, 4, "", "refused"},
     });
+    for (const char *command :
+         {"restart", "describe", "diff", "import", "restore-defaults", "wps-oob", "batch", "up", "export"})
+        play({{{command, ""}, 2, "", " is empty"}});
     const Outcome hostile = run("wlanctl", {"--json", "get", "ssid", "3"});
     EXPECT_EQ(nlohmann::json::parse(hostile.out).at("value_hex"), "1b5b33316dffc29b");
     kill(gateway.daemon().id(), SIGSTOP);
@@ -184,9 +187,6 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
 TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     Gateway gateway;
     make_afresh();
-    for (const char *command :
-         {"restart", "describe", "diff", "import", "restore-defaults", "wps-oob", "batch", "up", "export"})
-        play({{{command, ""}, 2, "", " is empty"}});
     play({
         {{"scan", "1"}, 1, "", "wlan_ap_scan: the daemon answered failure"}, // no driver yet
         {{"scan", "1", "--columns", "ssid,typo"}, 2, "", "no column 'typo'; there are bssid, "},

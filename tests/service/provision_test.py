@@ -7,7 +7,7 @@ import tomllib
 import unittest
 from pathlib import Path
 
-from simulated import BUILD, GATEWAY, LOCK, TOP, WLANCTL, OnTheGateway, make_afresh, run, wlanctl
+from simulated import BUILD, GATEWAY, LOCK, TOP, WLANCTL, OnTheGateway, json_of, make_afresh, run, wlanctl
 
 sys.path += [str(TOP / "protocol"), str(BUILD / "protocol" / "python")]
 import wlan_config  # noqa: E402
@@ -160,7 +160,7 @@ class Provisioning(OnTheGateway):
                                                                         "Gateway-2.4G-2"], 2)]:
             make_afresh()
             ran = wlanctl("batch", *words, input=lines)
-            told = [json.loads(line) for line in ran.stdout.splitlines()]
+            told = [json_of(line) for line in ran.stdout.splitlines()]
             self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)
             self.assertEqual((ran.returncode, "line 2 failed" in ran.stderr), (status, True))
         renumbered = wlanctl("batch", input="down\nup\nget ssid zv00\ndown\nup 5\nget ssid zv00\ndown\nup\nget ssid zv00\n").stdout.splitlines()

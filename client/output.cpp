@@ -136,8 +136,9 @@ Table table_of_records(std::span<const Field> fields, const Field &records, std:
     return table;
 }
 
-std::string line_of(const Output &output, std::string_view name, const std::string &value) {
-    return output.raw ? value + '\n' : fmt::format("{}: {}\n", emphasis(name), value);
+void print_line(const Output &output, std::string_view name, const std::string &value) {
+    const std::string line = output.raw ? value + '\n' : fmt::format("{}: {}\n", emphasis(name), value);
+    std::fwrite(line.data(), 1, line.size(), stdout); // a failure shows when it is flushed
 }
 
 // What stands behind a value, for people: its unit, the name of an interface behind its index.
@@ -152,22 +153,23 @@ std::string behind(const Output &output, const Field &field, const Subject &subj
 int print_fields(const Output &output, const Subject &subject, std::span<const Field> fields,
                  std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
-    std::string lines;
-    std::vector<Table> tables;
+    if (Error error = check_columns(output, headings_of(fields)))
+        return print_error(output, error);
+    int status = 0;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
         if (field.shown == Shown::only_in_json)
             continue;
         if (!field.fields.empty()) {
-            tables.push_back(table_of_records(fields, field, whole));
+            status = std::max(status, print_table(output, table_of_records(fields, field, whole)));
             continue;
         }
         Row values;
         for (std::size_t i = 0; i < field.places; ++i)
             values.push_back(shown_on(stdout, value_in(field, place_of(field, i, whole))));
-        lines += line_of(output, field.name,
-                         fmt::format("{}{}", fmt::join(values, " "), behind(output, field, subject)));
+        print_line(output, field.name,
+                   fmt::format("{}{}", fmt::join(values, " "), behind(output, field, subject)));
     }
-    return print_tables(output, lines, tables);
+    return status;
 }
 
 int print_value(const Output &output, const Procedure &procedure, const Answer &answer,
@@ -180,7 +182,8 @@ int print_value(const Output &output, const Procedure &procedure, const Answer &
         value = "(hidden: --show-secrets shows it)";
     else if (!output.raw || is_terminal(stdout))
         value = shown_on(stdout, value);
-    return print_tables(output, line_of(output, setting_name(procedure.name), value), {});
+    print_line(output, setting_name(procedure.name), value);
+    return 0;
 }
 
 void print_code(const Answer &answer, const Acts &acts) {

@@ -92,6 +92,7 @@ Error check_columns(const Output &output, const std::vector<Row> &headings) {
 
 int print_tables(const Output &output, std::string_view text, const std::vector<Table> &tables) {
     std::vector<Row> headings;
+    headings.reserve(tables.size());
     for (const Table &table : tables)
         headings.push_back(table.heading);
     if (Error error = check_columns(output, headings))

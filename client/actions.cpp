@@ -209,6 +209,9 @@ int scan(Context &context, const Words &words) {
     const Output &output = context.output;
     Scan scan;
     Answer status, result;
+    const bool draws = context.options.chart && !output.json;
+    if (Error error = draws ? Error{} : check_columns(output, *scan.result))
+        return print_error(output, error);
     if (Error error = take_arguments(context, *scan.begin, words, scan.index))
         return print_error(output, error, scan.begin);
     if (context.options.dry_run) {
@@ -231,7 +234,7 @@ int scan(Context &context, const Words &words) {
         if (Error error = ask(connection, *scan.status, scan.index, status))
             return print_error(output, error);
     } while (scans(status));
-    if (context.options.chart && !output.json && result.code >= 0)
+    if (draws && result.code >= 0)
         return print_chart(context, scan, result);
     return print_outcome(context, *scan.result, scan.index, result);
 }

@@ -1,5 +1,7 @@
 #include "client/chart.h"
 
+#include "client/text.h"
+
 #include <algorithm>
 #include <fmt/format.h>
 #include <set>
@@ -94,16 +96,17 @@ std::string picture_of(const std::vector<Mark> &marks, std::span<const std::int6
     return picture;
 }
 
-std::string legend_of(const std::vector<Mark> &marks) {
+std::string legend_of(const std::vector<Mark> &marks, std::size_t width) {
     std::string legend;
     for (const Mark &mark : marks) {
         const auto text = [&mark](const char *key) {
             return shown_on(stdout, (*mark.neighbour)[key].get<std::string>());
         };
         const std::string name = text("ssid");
-        legend += without_end_blanks(fmt::format("  {}  {:4} dBm  channel {:3}  {}  {:8}  {}", mark.letter,
-                                                 mark.signal, mark.channel, text("bssid"), text("security"),
-                                                 name.empty() ? "(hidden)" : name));
+        const std::string line =
+            fmt::format("  {}  {:4} dBm  channel {:3}  {}  {:8}  {}", mark.letter, mark.signal, mark.channel,
+                        text("bssid"), text("security"), name.empty() ? "(hidden)" : name);
+        legend += without_end_blanks(std::string(cut(line, width)));
     }
     return legend;
 }
@@ -121,5 +124,5 @@ std::string chart_of(const Band &band, std::size_t width) {
         chart += picture_of(marks, channels, band.own, std::min(room / channels.size(), widest));
         left = left.subspan(channels.size());
     }
-    return chart + legend_of(marks);
+    return chart + legend_of(marks, width);
 }

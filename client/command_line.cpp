@@ -24,8 +24,9 @@ constexpr char examples[] =
     "  printf %s \"$name\" | wlanctl set ssid 2 -   a value kept off the command line\n"
     "  wlanctl --json call get_number_of_entries\n\n"
     "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure, a scan failed, doctor\n"
-    "found something broken or diff a difference; 2 usage; 3 no reply in time; 4 not registered or\n"
-    "unreachable; 5 reply not understood; 130 after Ctrl-C, while an action (up, down, scan) goes on.";
+    "found something broken, diff a difference, or import did not set all; 2 usage; 3 no reply in time;\n"
+    "4 not registered or unreachable; 5 reply not understood; 130 after Ctrl-C, which ends watch, and\n"
+    "while an action (up, down, scan) goes on.";
 
 constexpr double longest_timeout = 86400, shortest_interval = 0.25;
 
@@ -135,7 +136,8 @@ Error check(const CommandLine &line, const std::vector<std::string> &words) {
 }
 
 int run(CommandLine &line, const Words &given) {
-    const std::string name = line.app.get_subcommands().front()->get_name();
+    const CLI::App *const parsed = line.app.get_subcommands().front();
+    const std::string name = parsed->get_name();
     const Subcommand *const subcommand = find_subcommand(name); // it has parsed it, so there is one
     if (line.in_batch && !subcommand->in_batch)
         return print_error(line.context.output,
@@ -144,8 +146,13 @@ int run(CommandLine &line, const Words &given) {
         return print_error(line.context.output,
                            {Trouble::usage, fmt::format("'{}' is too much", given.front())});
     Words words = given;
-    if (subcommand->takes == Takes::several || !line.first.empty())
+    if (subcommand->takes != Takes::nothing && parsed->get_option(subcommand->argument)->count() > 0) {
+        const bool is_part = subcommand->argument == std::string_view("WORD"); // of every name, if empty
+        if (line.first.empty() && !is_part)
+            return print_error(line.context.output,
+                               {Trouble::usage, fmt::format("{} is empty", subcommand->argument)});
         words.insert(words.begin(), line.first);
+    }
     return subcommand->run(line.context, words);
 }
 

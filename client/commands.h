@@ -6,6 +6,7 @@
 #include "client/output.h"
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 // One function a subcommand; all return the exit status.
@@ -64,6 +65,8 @@ int status(Context &context, const Words &words);
 // again: on a terminal afresh, in JSON a line a change. A daemon that goes away after the first look is
 // waited for; Ctrl-C ends it with 130.
 int watch(Context &context, const Words &words);
+// Whether that can be watched of one interface.
+bool can_watch_one(std::string_view what);
 // All that is counted and measured, in Prometheus' text format. Where the daemon does not answer, wlan_up is
 // 0 and the status that of the error.
 int metrics(Context &context, const Words &words);

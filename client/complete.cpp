@@ -37,18 +37,23 @@ void take_option(Connection &connection, const std::string &name, const std::str
         std::from_chars(value.data(), value.data() + value.size(), connection.port);
 }
 
+bool takes_value(const Context &context, const Subcommand *subcommand, const std::string &word) {
+    const auto is_common = [&](const CommonOption &each) { return each.name == word && each.takes_value; };
+    const auto is_own = [&](const Flag &each) { return each.name == word && each.seconds != nullptr; };
+    return std::any_of(context.common.begin(), context.common.end(), is_common) ||
+           (subcommand != nullptr && std::any_of(subcommand->flags.begin(), subcommand->flags.end(), is_own));
+}
+
 Line read(Context &context, std::span<const std::string> words) {
     Line line;
     for (std::size_t i = 0; i + 1 < words.size(); ++i) {
         const std::string &word = words[i];
-        const auto option = std::find_if(context.common.begin(), context.common.end(),
-                                         [&](const CommonOption &each) { return each.name == word; });
         if (word == "--") {
             line.no_option = true;
-        } else if (!line.no_option && option != context.common.end() && option->takes_value) {
+        } else if (!line.no_option && takes_value(context, line.subcommand, word)) {
             i += words[i + 1] == "=" && i + 2 < words.size() ? 2 : 1; // bash splits --host=HOST
             line.is_value = i + 1 == words.size();
-            take_option(context.connection, option->name, words[i]);
+            take_option(context.connection, word, words[i]);
         } else if (!line.no_option && is_option(word)) {
             const std::size_t end = std::min(word.find('='), word.size());
             if (end < word.size())
@@ -116,7 +121,7 @@ void add_argument(Context &context, const Line &line, Candidates &candidates) {
     const std::string prefix = prefix_of(*line.subcommand), &name = line.behind.front();
     const Procedure *procedure = find_procedure(name.starts_with(prefix) ? name : prefix + name);
     const std::size_t place = line.behind.size() - 1;
-    if (line.subcommand->argument == std::string_view("WHAT") && place == 0)
+    if (line.subcommand->argument == std::string_view("WHAT") && place == 0 && can_watch_one(name))
         add_interfaces(context, candidates);
     if (procedure == nullptr || place >= procedure->arguments.count)
         return;

@@ -149,13 +149,15 @@ void print_report_json(const Context &context, const Report &report) {
     print_json(object);
 }
 
+Row heading_of_report() { return {"INTERFACE", "SETTING", "BEFORE", "WANTED", "RESULT"}; }
+
 int print_report(const Context &context, const Report &report) {
     int status = succeeded(report) ? 0 : report.error ? static_cast<int>(report.error.trouble) : 1;
     if (context.output.json) {
         print_report_json(context, report);
         return status;
     }
-    Table table{{"INTERFACE", "SETTING", "BEFORE", "WANTED", "RESULT"}, {}};
+    Table table{heading_of_report(), {}};
     for (const Change &change : report.changes)
         table.rows.push_back({place_name(context, change.wanted), words_for(change.wanted),
                               shown(context.output, change.before), shown(context.output, change.wanted),
@@ -299,6 +301,8 @@ int diff(Context &context, const Words &words) {
 int import_settings(Context &context, const Words &words) {
     Report report;
     std::vector<Change> changes;
+    if (Error error = check_columns(context.output, {heading_of_report()}))
+        return print_error(context.output, error);
     if (Error error = prepare(context, words.front(), report.file, changes))
         return print_error(context.output, error);
     if (context.options.dry_run)

@@ -108,20 +108,32 @@ std::string upper_case(std::string_view text) {
     return upper;
 }
 
-int print_record_table(const Output &output, std::span<const Field> fields, const Field &records,
-                       std::string_view whole) {
-    Table table;
+Row heading_of(const Field &records) {
+    Row heading;
     for (const Field &field : records.fields)
         if (field.shown == Shown::everywhere)
-            table.heading.push_back(upper_case(title_of(field)) +
-                                    (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+            heading.push_back(upper_case(title_of(field)) +
+                              (*field.unit == '\0' ? "" : fmt::format(" ({})", field.unit)));
+    return heading;
+}
+
+std::vector<Row> headings_of(std::span<const Field> fields) {
+    std::vector<Row> headings;
+    for (const Field &field : fields)
+        if (!field.fields.empty() && field.shown != Shown::only_in_json)
+            headings.push_back(heading_of(field));
+    return headings;
+}
+
+Table table_of_records(std::span<const Field> fields, const Field &records, std::string_view whole) {
+    Table table{heading_of(records), {}};
     table.rows.resize(places_in(fields, records, whole));
     for (std::size_t i = 0; i < table.rows.size(); ++i)
         for (const Field &field : records.fields)
             if (field.shown == Shown::everywhere)
                 table.rows[i].push_back(
                     shown_on(stdout, value_in(field, place_of(field, 0, place_of(records, i, whole)))));
-    return print_table(output, table);
+    return table;
 }
 
 void print_line(const Output &output, std::string_view name, const std::string &value) {
@@ -141,12 +153,14 @@ std::string behind(const Output &output, const Field &field, const Subject &subj
 int print_fields(const Output &output, const Subject &subject, std::span<const Field> fields,
                  std::string_view whole) {
     const bool counted = fields.back().form == Form::table;
+    if (Error error = check_columns(output, headings_of(fields)))
+        return print_error(output, error);
     int status = 0;
     for (const Field &field : counted ? fields.subspan(1) : fields) {
         if (field.shown == Shown::only_in_json)
             continue;
         if (!field.fields.empty()) {
-            status = std::max(status, print_record_table(output, fields, field, whole));
+            status = std::max(status, print_table(output, table_of_records(fields, field, whole)));
             continue;
         }
         Row values;
@@ -197,6 +211,10 @@ bool is_masked(const Output &output, const Procedure &procedure) {
     return procedure.is_secret && !output.show_secrets && !bare;
 }
 
+Error check_columns(const Output &output, const Procedure &procedure) {
+    return check_columns(output, headings_of(knowledge_of(procedure).fields));
+}
+
 Json value_of(const Procedure &procedure, const Answer &answer) {
     const auto fields = knowledge_of(procedure).fields;
     if (procedure.result == Result::text)
@@ -240,7 +258,10 @@ void print_call(const Output &output, const Procedure &procedure, const Values &
         const auto &[name, kind, is_secret] = procedure.arguments.fields.at(i);
         const Value &value = arguments.list[i];
         const bool masked = is_secret && !output.show_secrets;
-        given[name] = masked ? Json(nullptr) : kind == Kind::text ? Json(value.text) : Json(value.number);
+        add_value(given, name,
+                  masked               ? Json(nullptr)
+                  : kind == Kind::text ? Json(value.text)
+                                       : Json(value.number));
         line += fmt::format(" {}={}", name,
                             masked               ? "(hidden)"
                             : kind == Kind::text ? fmt::format("'{}'", shown_on(stdout, value.text))

@@ -41,6 +41,9 @@ Json value_of(const Procedure &procedure, const Answer &answer);
 // Whether what the procedure answers is a secret that is not to be shown.
 bool is_masked(const Output &output, const Procedure &procedure);
 
+// An error where the tables of its answer lack a column that the user chose.
+Error check_columns(const Output &output, const Procedure &procedure);
+
 // All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});

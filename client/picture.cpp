@@ -26,17 +26,7 @@ Table table_of(const Json &objects, const std::vector<Column> &columns) {
 }
 
 int print_picture(const Output &output, const Picture &picture) {
-    Output whole = output;
-    whole.columns.clear();
-    fmt::print("{}", picture.text);
-    for (std::size_t i = 0; i < picture.tables.size(); ++i) {
-        const bool last = i + 1 == picture.tables.size();
-        if (i > 0)
-            fmt::print("\n");
-        if (const int status = print_table(last ? output : whole, picture.tables[i]); status != 0)
-            return status;
-    }
-    return 0;
+    return print_tables(output, picture.text, picture.tables);
 }
 
 void fit(Picture &picture, std::size_t lines) {

@@ -22,7 +22,7 @@ struct Column {
 Table table_of(const Json &objects, const std::vector<Column> &columns);
 std::string cell_of(const Json &value);
 
-// The columns that the user chose are those of the last table. The exit status.
+// The exit status.
 int print_picture(const Output &output, const Picture &picture);
 
 // Takes lines from the end until no more than so many are left, and says how many are gone.

@@ -5,6 +5,7 @@
 #include <fmt/format.h>
 #include <iterator>
 #include <utf8.h>
+#include <wchar.h>
 
 namespace {
 
@@ -67,6 +68,20 @@ std::string printable(std::string_view text, bool ascii) {
         text.remove_prefix(bytes.size());
     }
     return shown;
+}
+
+std::string_view cut(std::string_view text, std::size_t columns) {
+    std::size_t end = 0;
+    while (end < text.size()) {
+        const auto [code, length] = first_character(text.substr(end));
+        const int width = length == 0 ? 1 : wcwidth(static_cast<wchar_t>(code));
+        const std::size_t taken = width < 0 ? 1 : static_cast<std::size_t>(width); // -1: the locale lacks it
+        if (taken > columns)
+            break;
+        columns -= taken;
+        end += std::max<std::size_t>(length, 1);
+    }
+    return text.substr(0, end);
 }
 
 std::string toml_string(std::string_view text) {

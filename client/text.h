@@ -13,6 +13,9 @@ bool is_utf8(std::string_view text);
 // for terminals that take the bytes of UTF-8 for control characters.
 std::string printable(std::string_view text, bool ascii);
 
+// As much of the printable text as so many columns of a terminal hold.
+std::string_view cut(std::string_view text, std::size_t columns);
+
 // The text, which is UTF-8, as a string of TOML; what printable() shows as \xNN is \uNNNN there.
 std::string toml_string(std::string_view text);
 

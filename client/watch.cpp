@@ -188,6 +188,10 @@ struct View {
 constexpr std::array views{View{"status", watch_status, 1}, View{"stations", watch_stations, 2},
                            View{"stats", watch_stats, 2}, View{"scan", watch_scan, 2}};
 
+const View *find_view(std::string_view name) {
+    return std::find_if(views.begin(), views.end(), [&](auto &each) { return name == each.name; });
+}
+
 // Shows what each round brings; after a round without a reply, the last one that had one.
 class Screen {
 public:
@@ -234,7 +238,7 @@ private:
                                                wrapped(shown_on(stdout, error.message), 2)));
         if (is_terminal(stdout)) {
             fit(picture, height_of_terminal() - 1);
-            fmt::print("\x1b[H\x1b[2J");
+            picture.text.insert(0, "\x1b[H\x1b[2J");
         }
         return print_picture(output_, picture);
     }
@@ -257,9 +261,13 @@ bool goes_on_for(const Waiting &waiting, Seconds time) {
 
 } // namespace
 
+bool can_watch_one(std::string_view what) {
+    const auto *view = find_view(what);
+    return view != views.end() && view->words > 1;
+}
+
 int watch(Context &context, const Words &words) {
-    const auto *view =
-        std::find_if(views.begin(), views.end(), [&](auto &each) { return words.front() == each.name; });
+    const auto *view = find_view(words.front());
     if (view == views.end())
         return print_error(
             context.output,

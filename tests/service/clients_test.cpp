@@ -158,6 +158,15 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
         {{"get", "ssid", "3"}, 0, "ssid: \\x1b[31m\\xff\\xc2\\x9b\n", ""},
         {{"call", "wlan_get_ssid", "--force", "-1"}, 1, "", "-1"},
         {{"set", "wps_model_name", "1", "x"}, 1, "", "wlan_set_wps_model_name"},
+        {{"set", "wps_model_name", "1", "x", "--dry-run"},
+         0,
+         "wlan_set_wps_model_name index=1 value='x'\n",
+         ""},
+        {{"--json", "set", "ssid", "1", "\xff", "--dry-run"},
+         0,
+         R"({"procedure":"wlan_set_ssid","status":"not sent","arguments":{"index":1,"value":"�","value_hex":"ff"}})"
+         "\n",
+         ""},
         {{"get", "ssid"}, 2, "", "index"},
         {{"get", "ssid", "2147483648"}, 2, "", "index"},
         {{"get", "ssid", "zvi99"}, 2, "", "zvi99"},
@@ -166,6 +175,9 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
         {{"set", "ssid", "1", "@/tmp/none"}, 2, "", "/tmp/none"},
         {{"--port", "9", "get", "ssid", "1"}, 4, "", "refused"},
     });
+    for (const char *command :
+         {"restart", "describe", "diff", "import", "restore-defaults", "wps-oob", "batch", "up", "export"})
+        play({{{command, ""}, 2, "", " is empty"}});
     const Outcome hostile = run("wlanctl", {"--json", "get", "ssid", "3"});
     EXPECT_EQ(nlohmann::json::parse(hostile.out).at("value_hex"), "1b5b33316dffc29b");
     kill(gateway.daemon().id(), SIGSTOP);
@@ -177,6 +189,7 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     make_afresh();
     play({
         {{"scan", "1"}, 1, "", "wlan_ap_scan: the daemon answered failure"}, // no driver yet
+        {{"scan", "1", "--columns", "ssid,typo"}, 2, "", "no column 'typo'; there are bssid, "},
         {{"up"}, 0, "done\n", ""},
         {{"scan", "zvi07"},
          0,

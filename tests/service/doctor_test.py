@@ -1,6 +1,5 @@
 """wlanctl doctor, the completion of shells, and the schema of all JSON: doctor_test.py BUILD."""
 
-import importlib.util
 import json
 import os
 import shlex
@@ -11,7 +10,7 @@ import time
 import unittest
 from pathlib import Path
 
-from simulated import BIN, GATEWAY, LOCK, TOP, WLANCTL, make_afresh, run, start_daemon, wlanctl
+from simulated import BIN, GATEWAY, LOCK, SCHEMA, TOP, WLANCTL, Validator, json_of, make_afresh, run, start_daemon, wlanctl
 
 SETTINGS, SCRIPTS = GATEWAY / "settings", Path("/tmp/sim/host")
 
@@ -163,7 +162,8 @@ LINES = [
     ("set --re", ["--restart"]), ("set ssid zv0", ["zv00", ..., "zv07"]), ("restart ", ["zvi00", ..., "all"]),
     ("up ", ["dual", "24", "5"]), ("--json --host 127.0.0.1 --timeout 3 get ssid zvi07", ["zvi07"]), ("--timeout ", []),
     ("--host = no.invalid scan zv07", []), ("--port 9 scan zv", []), ("set basic_encryption_modes 1 WEP", ["WEPEncryption"]),
-    ("set ssid 1 -- --", []), ("nonsense zv", []),
+    ("set ssid 1 -- --", []), ("nonsense zv", []), ("watch --interval ", []), ("watch --interval 5 sta", ["status", "stations", "stats"]),
+    ("watch status ", []), ("watch --interval = 5 scan zv07", ["zv07"]),
 ]
 
 
@@ -193,25 +193,24 @@ class Completion(unittest.TestCase):
 PRINTED = {
     "answer": ["up", "call get_number_of_entries", "get ssid 1", "get key_passphrase 1 1", "set ssid 1 x", "scan 1", "stations 9",
                "get radio_tx_packets 1", "restart zv00", "restore-defaults 1", "wps-oob 1", "down"],
-    "call": ["set key_passphrase 1 1 secretsecret --dry-run"], "records": ["stats 1"], "procedures": ["list", "describe country"],
+    "call": ["set key_passphrase 1 1 secretsecret --dry-run", "set ssid 1 '\udcff' --dry-run"], None: ["import /tmp/other.toml --dry-run", "batch /tmp/lines --keep-going"], "records": ["stats 1"], "procedures": ["list", "describe country"],
     "description": ["describe ssid", "describe get_ap_scan_result"], "doctor": ["doctor"],
     "status": ["status"], "export": ["export"], "diff": ["diff /tmp/all.toml", "diff /tmp/other.toml"], "import": ["import /tmp/all.toml", "import /tmp/other.toml"],
     "error": ["get ssid 77", "get ssid 77 --force", "nonsense", "--host no.invalid get ssid 1", "set ssid 1 ''"],
 }
 
 
-@unittest.skipUnless(importlib.util.find_spec("jsonschema"), "no jsonschema")
+@unittest.skipUnless(Validator, "no jsonschema")
 class Schema(unittest.TestCase):
     def test_everything_printed_fits_it(self):
-        import jsonschema
-        schema = json.loads((TOP / "client" / "wlanctl.schema.json").read_text())
-        jsonschema.Draft202012Validator.check_schema(schema)
+        Validator.check_schema(SCHEMA)
         make_afresh()
         daemon = start_daemon("127.0.0.1")
         self.addCleanup(daemon.wait)
         self.addCleanup(daemon.kill)
         Path("/tmp/all.toml").write_text(wlanctl("export").stdout)
         Path("/tmp/other.toml").write_text('[bss.zvi01]\nssid = { hex = "ff00aa" }\nnone = 1\n[bss.zvi02]\nwep_key = { 1 = "x" }\n')
+        Path("/tmp/lines").write_text("get ssid 1\nget ssid 77\nset ssid 1 x --dry-run\nstatus\nlist ssid\n")
         commands = [(part, command) for part, commands in PRINTED.items() for command in commands]
         commands.sort(key=lambda each: each[1].split()[0] == "down")  # at the end
         for part, command in commands:
@@ -219,12 +218,9 @@ class Schema(unittest.TestCase):
             self.assertTrue(lines, command)
             for line in lines:
                 with self.subTest(command):
-                    wanted = {"$ref": f"#/$defs/{part}", "$defs": schema["$defs"]}
-                    for each in (wanted, schema):
-                        jsonschema.Draft202012Validator(each).validate(json.loads(line))
+                    json_of(line, part)
         shown = wlanctl("--help").stdout.partition("Subcommands:\n")[2].partition("\n\n")[0]
-        # A batch prints what its commands print; watch does not end; metrics have a format of their own.
-        elsewhere = {"batch", "watch", "metrics"}
+        elsewhere = {"watch", "metrics"}  # the lines of a watch are read where it is tested; metrics have a format of their own
         self.assertEqual({line.split()[0] for line in shown.split("\n")} - {command.split()[0] for _, command in commands}, elsewhere)
 
 

@@ -46,7 +46,11 @@ def shown(*words):
     return json.loads(on.wlanctl("--json", *words).stdout)["value"]
 
 
-def on_terminal(columns, *words, **environment):
+CLEAR = "\x1b[H\x1b[2J"
+
+
+def on_terminal(columns, *words, screens=0, **environment):
+    """What it shows; a watch is ended after so many screens."""
     terminal, of_child = pty.openpty()
     ioctl(of_child, TIOCSWINSZ, struct.pack("HHHH", 24, columns, 0, 0))
     child = subprocess.Popen([on.WLANCTL, *words], stdin=of_child, stdout=of_child, stderr=of_child,
@@ -56,6 +60,8 @@ def on_terminal(columns, *words, **environment):
     with contextlib.suppress(OSError):  # of a terminal that was left
         while part := os.read(terminal, 4096):
             text += part
+            if 0 < screens < text.count(CLEAR.encode()):
+                child.send_signal(signal.SIGINT)
     child.wait()
     os.close(terminal)
     return text.decode()
@@ -69,6 +75,17 @@ def faults(**contents):
     yield
     for file in files:
         file.unlink()
+
+
+@contextlib.contextmanager
+def watching(*words):
+    """Reads its next line; at the end Ctrl-C ends it."""
+    with subprocess.Popen([on.WLANCTL, "--json", "watch", *words], stdout=subprocess.PIPE, text=True) as watch:
+        try:
+            yield lambda: on.json_of(watch.stdout.readline(), "watch")
+        finally:
+            watch.send_signal(signal.SIGINT)
+        assert (watch.wait(5), watch.stdout.read()) == (130, "")
 
 
 class Monitor(unittest.TestCase):
@@ -137,7 +154,7 @@ class Monitor(unittest.TestCase):
         self.assertEqual(on.wlanctl("scan", "zvi00", "--chart").stdout, CHART)
         with open(on.GATEWAY / "5g/neighbours", "w") as file:
             for i, channel in enumerate([*range(36, 65, 4), *range(100, 145, 4), 149, 153, *[36] * 50]):
-                print(f"0/mac=00:00:5E:00:53:01 80/1={channel} 120/1={-i - 20}", file=file)
+                print(f"0/mac=00:00:5E:00:53:01 6/str={'W' * 32} 80/1={channel} 120/1={-i - 20}", file=file)
         for columns, pictures in (80, 2), (120, 1):
             plain = on_terminal(columns, "scan", "zv00", "--chart", NO_COLOR="1").split("\r\n")
             self.assertLessEqual(max(len(line) for line in plain), columns)
@@ -146,17 +163,31 @@ class Monitor(unittest.TestCase):
             self.assertNotIn("\x1b[1m", "".join(plain[:40]))
             self.assertIn("\x1b[1m", on_terminal(columns, "scan", "zv00", "--chart"))
 
+    def test_people_see_screens_of_80_columns_and_24_lines(self):
+        on.wlanctl("up")
+        self.assertEqual(on.wlanctl("status", "--columns", "country,up").stdout.split("\n")[1:6],
+                         ["COUNTRY\tUP", "US\tyes", "US\tyes", "", "UP"])
+        for name, record in ("stations", "0/1=0 1/mac=00:00:5E:00:53:01 13/1=-50 92/str=some"), ("neighbours", f"6/str={'W' * 32} 80/1=6 120/1=-40"):
+            (on.GATEWAY / "24g" / name).write_text(f"{record}\n" * 40)
+        self.assertRegex(on_terminal(80, "status", NO_COLOR="1"), r"^wlan-configd \S+ on 127.0.0.1, since \S+Z\r\nRADIO +UP +CHANNEL .*\r\n"
+                         r"2.4 GHz +yes +6 +.*\r\n5 GHz .*\r\n\r\nINDEX .* SSID *\r\n1 +zvi00 +yes +yes +40 +WPA2PSK AES +Gateway-2.4G")
+        on.wlanctl("scan", "zvi00")
+        for words, last in [(["stations"], "... 14 more"), (["scan", "--chart"], "  C "), (["scan"], "... ")]:
+            with watching(words[0]) as line:
+                self.assertEqual(line()["watch"], words[0])
+            for screen in on_terminal(80, "watch", *words, "--interval", "0.25", screens=2, NO_COLOR="1").split(CLEAR)[1:3]:
+                lines = screen.split("\r\n")
+                self.assertTrue(lines[0].startswith(f"wlanctl watch {words[0]}, every 0.25 s, 20") and lines[-2].startswith(last), lines)
+                self.assertEqual((len(lines), max(map(len, lines)) <= 80), (24, True), lines)
+
     def test_a_watch_outlives_the_daemon(self):
         on.wlanctl("up")
-        with subprocess.Popen([on.WLANCTL, "--json", "watch", "status", "--interval", "0.25"],
-                              stdout=subprocess.PIPE, text=True) as watch:
-            self.assertEqual(json.loads(watch.stdout.readline())["value"]["radios"][0]["channel"], 6)
+        with watching("status", "--interval", "0.25") as line:
+            self.assertEqual(line()["value"]["radios"][0]["channel"], 6)
             self.end_daemon()
-            self.assertEqual(json.loads(watch.stdout.readline())["error"]["kind"], "unreachable")
+            self.assertEqual(line()["error"]["kind"], "unreachable")
             self.daemon = on.start_daemon("127.0.0.1")
-            self.assertIsNone(json.loads(watch.stdout.readline())["value"]["radios"][0]["channel"])
-            watch.send_signal(signal.SIGINT)
-            self.assertEqual((watch.wait(5), watch.stdout.read()), (130, ""))
+            self.assertIsNone(line()["value"]["radios"][0]["channel"])
 
     def test_rates(self):
         on.wlanctl("up")
@@ -168,10 +199,9 @@ class Monitor(unittest.TestCase):
             counters.with_suffix(".new").rename(counters)
 
         count(2**32 - 500)
-        with subprocess.Popen([on.WLANCTL, "--json", "watch", "stats", "zvi00", "--interval", "0.5"],
-                              stdout=subprocess.PIPE, text=True) as watch:
+        with watching("stats", "zvi00", "--interval", "0.5") as line:
             def rate():
-                return json.loads(watch.stdout.readline())["value"][0]["bytes_sent_per_second"]
+                return line()["value"][0]["bytes_sent_per_second"]
 
             self.assertEqual((rate(), rate()), (None, 0))
             count(500)  # over the end of 32 bits
@@ -179,7 +209,6 @@ class Monitor(unittest.TestCase):
             self.assertEqual(rate(), 0)
             count(3)  # set back
             self.assertEqual((rate(), rate()), (None, 0))
-            watch.send_signal(signal.SIGINT)
 
 
 if __name__ == "__main__":

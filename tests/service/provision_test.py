@@ -7,7 +7,7 @@ import tomllib
 import unittest
 from pathlib import Path
 
-from simulated import BUILD, GATEWAY, LOCK, TOP, WLANCTL, OnTheGateway, make_afresh, run, wlanctl
+from simulated import BUILD, GATEWAY, LOCK, TOP, WLANCTL, OnTheGateway, json_of, make_afresh, run, wlanctl
 
 sys.path += [str(TOP / "protocol"), str(BUILD / "protocol" / "python")]
 import wlan_config  # noqa: E402
@@ -123,6 +123,8 @@ class Provisioning(OnTheGateway):
                 self.assertIn("it changes also the same of the radio's other BSSes", results["zvi00", "wmm_apsd"])
             self.assertEqual(wlanctl("diff", "/tmp/factory.toml").returncode == 0, all_as_before)
         make_afresh()
+        ran = wlanctl("import", "--columns", "setting,typo", self.write(refused))
+        self.assertEqual((ran.returncode, ran.stdout, stored()), (2, "", self.factory))
         LOCK.touch()
         self.addCleanup(LOCK.unlink)
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
@@ -158,7 +160,7 @@ class Provisioning(OnTheGateway):
                                                                         "Gateway-2.4G-2"], 2)]:
             make_afresh()
             ran = wlanctl("batch", *words, input=lines)
-            told = [json.loads(line) for line in ran.stdout.splitlines()]
+            told = [json_of(line) for line in ran.stdout.splitlines()]
             self.assertEqual([each["error"]["kind"] if "error" in each else each.get("value", each["status"]) for each in told], answers)
             self.assertEqual((ran.returncode, "line 2 failed" in ran.stderr), (status, True))
         renumbered = wlanctl("batch", input="down\nup\nget ssid zv00\ndown\nup 5\nget ssid zv00\ndown\nup\nget ssid zv00\n").stdout.splitlines()

@@ -1,5 +1,6 @@
 """The real programs on the simulated gateway, for tests in Python that are called with the build directory."""
 
+import json
 import shutil
 import subprocess
 import sys
@@ -7,7 +8,13 @@ import time
 import unittest
 from pathlib import Path
 
+try:
+    from jsonschema import Draft202012Validator as Validator
+except ImportError:
+    Validator = None
+
 TOP = Path(__file__).resolve().parents[2]
+SCHEMA = json.loads((TOP / "client" / "wlanctl.schema.json").read_text())
 BUILD = Path(sys.argv.pop(1)).resolve()
 BIN = BUILD / "bin"
 WLANCTL = BIN / "wlanctl"
@@ -21,6 +28,15 @@ def run(*command, **options):
 
 def wlanctl(*words, **options):
     return run(WLANCTL, *words, **options)
+
+
+def json_of(line, part=None):
+    """The object of the line; where there is a validator, it fits the schema, and the part of it."""
+    told = json.loads(line)
+    for wanted in [SCHEMA, {"$ref": f"#/$defs/{part}", "$defs": SCHEMA["$defs"]}][:2 if part else 1]:
+        if Validator:
+            Validator(wanted).validate(told)
+    return told
 
 
 def make_afresh():

@@ -1,9 +1,11 @@
 // What wlanctl makes of answers, here made by hand.
 
 #include "client/output.h"
+#include "client/text.h"
 
 #include "rpc/records.h"
 
+#include <clocale>
 #include <gtest/gtest.h>
 #include <nlohmann/json.hpp>
 
@@ -130,6 +132,13 @@ TEST(Secrets, AreShownToWhoAsks) {
     EXPECT_NE(printed({.json = true, .show_secrets = true}, "wlan_get_radius_server_key", key)
                   .find(R"("value":"psst")"),
               std::string::npos);
+}
+
+TEST(Texts, AreCutToColumns) {
+    ASSERT_NE(std::setlocale(LC_CTYPE, "C.UTF-8"), nullptr);
+    for (const auto &[columns, left] :
+         {std::pair{0, ""}, {3, "a\u0308\u6f22"}, {4, "a\u0308\u6f22\xff"}, {9, "a\u0308\u6f22\xff\u6f22b"}})
+        EXPECT_EQ(cut("a\u0308\u6f22\xff\u6f22b", std::size_t(columns)), left);
 }
 
 } // namespace

@@ -21,6 +21,11 @@ sys.path.insert(0, str(MADE / "python"))
 import wlan_config  # noqa: E402
 
 
+# What has to be otherwise before an action, so that it changes something.
+BEFORE = {"set_restore_defaults": "set ssid 1 x", "restart": "set channel 1 11", "restart_all": "set channel 1 11",
+          "set_wps_cancel": "set wps_pushbutton 1"}
+
+
 class Reference(OnTheGateway):
     def test_every_example_prints_what_it_says(self):
         for each in model.load(TOP / "protocol").procedures:
@@ -32,6 +37,25 @@ class Reference(OnTheGateway):
                 ran = wlanctl(*shlex.split(each.example["call"]))
                 self.assertEqual((ran.stdout.rstrip("\n"), ran.returncode),
                                  (each.example["prints"], each.example.get("status", 0)), ran.stderr)
+
+    def test_the_look_of_every_action_shows_it(self):
+        for each in (each for each in model.load(TOP / "protocol").procedures if each.runs_again and each.look != "none"):
+            with self.subTest(each.name):
+                make_afresh()
+                wlanctl("down")
+                wlanctl("up")
+                wlanctl(*BEFORE.get(each.name.removeprefix("wlan_"), "status").split())
+                index = next((word for word in each.example["call"].split() if word.isdigit()), "")
+                look = each.look.replace("INDEX", index).split()
+                before = wlanctl(*look)
+                self.assertEqual((before.returncode, before.stderr), (0, ""))
+                wlanctl(*shlex.split(each.example["call"]))
+                # The simulated driver stays on its channel where it is to choose one.
+                if each.name != "wlan_ap_auto_channel_select":
+                    deadline = time.monotonic() + 10
+                    while wlanctl(*look).stdout == before.stdout and time.monotonic() < deadline:
+                        time.sleep(0.05)
+                    self.assertNotEqual(wlanctl(*look).stdout, before.stdout)
 
     def test_a_session_of_the_python_client(self):
         make_afresh()

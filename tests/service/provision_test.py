@@ -131,6 +131,7 @@ class Provisioning(OnTheGateway):
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
 
     def test_only_what_was_sent_and_put_back_is_called_so(self):
+        wlanctl("down")  # another test may have left it up
         wlanctl("up")
         self.addCleanup(wlanctl, "down")
         file = self.write('[bss.zvi01]\nssid = "x"\n[radio.zvi00]\nwps_enable = 0\n')

@@ -283,9 +283,11 @@ int show_calls(Context &context, const std::vector<Change> &changes, const Setti
             for (const Question &each : calls_of(change.wanted))
                 print_call(context.output, *each.procedure, each.arguments);
         else
-            status = print_error(
-                context.output, {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
-                                                              words_for(change.wanted), change.hindrance)});
+            status =
+                print_error(context.output,
+                            {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
+                                                          words_for(change.wanted), change.hindrance)},
+                            change.wanted.setting->set);
     }
     if (context.output.json && !file.strangers.empty())
         print_json({{"status", "failed"}, {"changes", Json::array()}, {"skipped", strangers_json(file)}});

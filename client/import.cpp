@@ -133,7 +133,7 @@ std::string undecided(const Report &report, const Change &change) {
 
 std::string result_of(const Context &context, const Report &report, const Change &change,
                       const std::vector<Reason> &reasons) {
-    if (const std::string open = undecided(report, change); !open.empty())
+    if (std::string open = undecided(report, change); !open.empty())
         return open;
     if (has_failed(change))
         return why_not(context, change, reasons);

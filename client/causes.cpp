@@ -85,6 +85,10 @@ Finding ask_about(Ask what, const Connection &connection, const Procedure &proce
     return {};
 }
 
+std::string failure_message(const Procedure &procedure, int code) {
+    return fmt::format("{}: the daemon answered failure ({})", procedure.name, code);
+}
+
 std::string line_of(const Reason &reason) {
     return fmt::format("{}{}{}{}; {}", reason.cause->text, reason.found.empty() ? "" : " (", reason.found,
                        reason.found.empty() ? "" : ")", reason.cause->remedy);
@@ -105,22 +109,24 @@ std::vector<Reason> find_reasons(const Connection &connection, const Procedure &
     return sure.empty() ? possible : sure;
 }
 
+Json failure_json(const Procedure &procedure, int code, const std::vector<Reason> &reasons) {
+    Json causes = Json::array();
+    for (const Reason &reason : reasons)
+        causes.push_back({{"cause", reason.cause->text},
+                          {"found", reason.found},
+                          {"remedy", reason.cause->remedy},
+                          {"sure", reason.sure}});
+    return error_json({Trouble::failed, failure_message(procedure, code)}, &procedure, &code, causes);
+}
+
 int print_failure(const Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer) {
     const std::vector<Reason> reasons = find_reasons(context.connection, procedure, arguments);
-    const std::string message =
-        fmt::format("{}: the daemon answered failure ({})", procedure.name, answer.code);
     if (context.output.json) {
-        Json causes = Json::array();
-        for (const Reason &reason : reasons)
-            causes.push_back({{"cause", reason.cause->text},
-                              {"found", reason.found},
-                              {"remedy", reason.cause->remedy},
-                              {"sure", reason.sure}});
-        print_error_json(Trouble::failed, message, &procedure, &answer.code, causes);
+        print_json({{"error", failure_json(procedure, answer.code, reasons)}});
         return static_cast<int>(Trouble::failed);
     }
-    fmt::print(stderr, "wlanctl: {}\n", message);
+    fmt::print(stderr, "wlanctl: {}\n", failure_message(procedure, answer.code));
     for (const Reason &reason : reasons)
         fmt::print(stderr, "  {}{}\n", reason.sure ? "" : "perhaps ", shown_on(stderr, line_of(reason)));
     return static_cast<int>(Trouble::failed);

@@ -19,6 +19,9 @@ struct Reason {
 std::vector<Reason> find_reasons(const Connection &connection, const Procedure &procedure,
                                  const Values &arguments);
 
+// That failure in JSON, in the form that every failure has.
+Json failure_json(const Procedure &procedure, int code, const std::vector<Reason> &reasons);
+
 // Says that the daemon answered failure, and why. The exit status.
 int print_failure(const Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer);

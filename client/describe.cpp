@@ -101,6 +101,8 @@ Json procedure_json(const Procedure &procedure) {
     add_texts(object, "oddities", known.oddities);
     add_texts(object, "after", known.after);
     add_text(object, "resets", known.resets);
+    if (*known.look != '\0')
+        object["look"] = fmt::format("wlanctl {}", known.look);
     add_text(object, "tr181", known.tr181);
     add_text(object, "since", known.since);
     if (*known.call != '\0')
@@ -207,6 +209,18 @@ std::string when_it_acts(const Knowledge &known) {
 
 } // namespace
 
+std::string look_of(const Procedure &procedure, const Values &arguments) {
+    constexpr std::string_view placeholder = "INDEX";
+    std::string words = knowledge_of(procedure).look;
+    if (words.empty())
+        return "no command shows whether it was done";
+    const auto place = words.find(placeholder);
+    for (std::size_t i = 0; i < arguments.list.size() && place != words.npos; ++i)
+        if (is_interface_index(procedure.arguments.fields.at(i)))
+            words.replace(place, placeholder.size(), fmt::format("{}", arguments.list[i].number));
+    return fmt::format("look with: wlanctl {}", words);
+}
+
 std::string values_line(const ValueMeaning &value) {
     Row parts;
     const auto add = [&parts](const Limits &limits, const char *form) {
@@ -260,7 +274,7 @@ void print_procedure(const Output &output, const Procedure &procedure) {
     print_labelled("belongs to", fmt::format("the {}", known.scope));
     print_labelled("acts", when_it_acts(known));
     print_labelled("sent twice", procedure.runs_again
-                                     ? "runs again; after a lost reply, look before you send again"
+                                     ? fmt::format("runs again; after a lost reply, {}", look_of(procedure))
                                      : "does no harm");
     if (known.seconds > 1)
         print_labelled("may take", fmt::format("{} s", known.seconds));

@@ -78,15 +78,20 @@ Error prepare(Context &context, const std::string &path, SettingsFile &file, std
     return look(context.connection, changes);
 }
 
+// Why the daemon refused it, where it did.
+std::vector<Reason> reasons_of(const Context &context, const Change &change) {
+    if (!change.refused)
+        return {};
+    return find_reasons(context.connection, *change.refused->procedure, change.refused->arguments);
+}
+
 // Why it is not as wanted: at most two causes.
-std::string why_not(const Context &context, const Change &change) {
+std::string why_not(const Context &context, const Change &change, const std::vector<Reason> &reasons) {
     if (!change.hindrance.empty())
         return shown_on(stdout, change.hindrance);
     if (!change.refused)
         return fmt::format("it reads back as {}", shown(context.output, change.now));
     std::string why = "the daemon answered failure";
-    const std::vector<Reason> reasons =
-        find_reasons(context.connection, *change.refused->procedure, change.refused->arguments);
     for (std::size_t i = 0; i < std::min<std::size_t>(reasons.size(), 2); ++i)
         why += fmt::format("{}{}",
                            i > 0             ? ", or "
@@ -115,16 +120,36 @@ const char *outcome(const Report &report) {
     return !succeeded(report) ? "failed" : report.changes.empty() ? "unchanged" : "done";
 }
 
-std::string result_of(const Context &context, const Report &report, const Change &change) {
-    if (report.refused && change.hindrance.empty())
+// What became of it where the reason lies elsewhere; empty: the change has its own.
+std::string undecided(const Report &report, const Change &change) {
+    if (!differs(change) || change.refused || !change.hindrance.empty())
+        return {};
+    if (report.refused || (report.error && !change.sent))
         return "not sent";
-    if (report.error && !change.refused && change.hindrance.empty() && differs(change))
-        return "not known to be set";
+    if (!report.error)
+        return {};
+    return report.put_back.value_or(false) ? "put back" : "not known to be set";
+}
+
+std::string result_of(const Context &context, const Report &report, const Change &change,
+                      const std::vector<Reason> &reasons) {
+    if (std::string open = undecided(report, change); !open.empty())
+        return open;
     if (has_failed(change))
-        return why_not(context, change);
+        return why_not(context, change, reasons);
     const std::string_view also = knowledge_of(*change.wanted.setting->set).also;
-    return fmt::format("{}{}{}", report.put_back ? "put back" : "set",
-                       also.empty() ? "" : "; it changes also ", also);
+    const char *const done = !report.put_back   ? "set"
+                             : *report.put_back ? "put back"
+                                                : "set, and perhaps not put back";
+    return fmt::format("{}{}{}", done, also.empty() ? "" : "; it changes also ", also);
+}
+
+Json failure_json(const Context &context, const Change &change, const std::vector<Reason> &reasons) {
+    if (change.refused)
+        return failure_json(*change.refused->procedure, change.refused->answer.code, reasons);
+    return error_json({change.hindrance.empty() ? Trouble::failed : Trouble::usage,
+                       change.hindrance.empty() ? why_not(context, change, reasons) : change.hindrance},
+                      change.wanted.setting->set, nullptr, Json::array());
 }
 
 void print_report_json(const Context &context, const Report &report) {
@@ -133,8 +158,11 @@ void print_report_json(const Context &context, const Report &report) {
         Json object = item_json(context, change.wanted);
         add_json(object, context.output, "before", change.before);
         add_json(object, context.output, "wanted", change.wanted);
-        object["result"] = result_of(context, report, change);
+        const std::vector<Reason> reasons = reasons_of(context, change);
+        object["result"] = result_of(context, report, change, reasons);
         object["failed"] = has_failed(change);
+        if (has_failed(change) && undecided(report, change).empty())
+            object["error"] = failure_json(context, change, reasons);
         list.push_back(object);
     }
     Json object{{"status", outcome(report)}, {"changes", list}, {"skipped", strangers_json(report.file)}};
@@ -161,7 +189,7 @@ int print_report(const Context &context, const Report &report) {
     for (const Change &change : report.changes)
         table.rows.push_back({place_name(context, change.wanted), words_for(change.wanted),
                               shown(context.output, change.before), shown(context.output, change.wanted),
-                              result_of(context, report, change)});
+                              result_of(context, report, change, reasons_of(context, change))});
     if (!table.rows.empty())
         status = std::max(status, print_table(context.output, table));
     else if (succeeded(report))
@@ -257,9 +285,11 @@ int show_calls(Context &context, const std::vector<Change> &changes, const Setti
             for (const Question &each : calls_of(change.wanted))
                 print_call(context.output, *each.procedure, each.arguments);
         else
-            status = print_error(
-                context.output, {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
-                                                              words_for(change.wanted), change.hindrance)});
+            status =
+                print_error(context.output,
+                            {Trouble::failed, fmt::format("{} {}: {}", place_name(context, change.wanted),
+                                                          words_for(change.wanted), change.hindrance)},
+                            change.wanted.setting->set);
     }
     if (context.output.json && !file.strangers.empty())
         print_json({{"status", "failed"}, {"changes", Json::array()}, {"skipped", strangers_json(file)}});

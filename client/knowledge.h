@@ -76,6 +76,7 @@ struct Knowledge {
     ValueMeaning result;
     std::span<const Field> fields; // of the answer
     const char *resets;            // what a user would miss after it
+    const char *look;              // words behind wlanctl that show whether an action was done
     const char *setter, *clear;    // of a getter: what sets it, where that is no namesake; what empties it
     const char *same_as;           // of a setter: another that sets all that it sets
     const char *also;              // of a setter: what it changes that nothing reads

@@ -1,6 +1,7 @@
 #include "client/lookup.h"
 
 #include "client/checks.h"
+#include "client/describe.h"
 #include "client/fields.h"
 #include "client/knowledge.h"
 #include "client/machine.h"
@@ -168,9 +169,8 @@ Error ask(Connection &connection, const Procedure &procedure, const Values &argu
         return error;
     error.message = fmt::format("{}: {}", procedure.name, error.message);
     if (error.trouble == Trouble::timeout && procedure.runs_again)
-        error.message += fmt::format("; whether it was done is not known: look before you call it again "
-                                     "(wlanctl describe {})",
-                                     procedure.name);
+        error.message += fmt::format("; whether it was done is not known, and it is not sent again; {}",
+                                     look_of(procedure, arguments));
     return error;
 }
 

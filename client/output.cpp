@@ -186,15 +186,18 @@ int print_value(const Output &output, const Procedure &procedure, const Answer &
     return 0;
 }
 
-void print_code(const Answer &answer, const Acts &acts) {
+std::string code_line(const Answer &answer, const Acts &acts) {
     if (acts.when.empty())
-        fmt::print("{}\n", status_name(answer.code));
-    else if (acts.when == restarted)
-        fmt::print("stored, and the radio restarted\n");
-    else if (acts.by.empty())
-        fmt::print("in force\n");
-    else
-        fmt::print("stored; acts {} ({})\n", acts.when, acts.by);
+        return status_name(answer.code);
+    if (acts.when == restarted)
+        return "stored, and the radio restarted";
+    return acts.by.empty() ? "in force" : fmt::format("stored; acts {} ({})", acts.when, acts.by);
+}
+
+void print_code(const Procedure &procedure, const Answer &answer, const Acts &acts) {
+    const std::string_view resets = knowledge_of(procedure).resets;
+    const bool was_reset = answer.code == code_done && !resets.empty();
+    fmt::print("{}{}{}\n", code_line(answer, acts), was_reset ? "; reset: " : "", was_reset ? resets : "");
 }
 
 const char *name_of(Trouble trouble) {
@@ -233,7 +236,7 @@ int print_answer(const Output &output, const Procedure &procedure, const Answer 
     if (output.json)
         print_answer_json(output, procedure, answer, subject, acts);
     else
-        print_code(answer, acts);
+        print_code(procedure, answer, acts);
     return 0;
 }
 

@@ -1,6 +1,7 @@
 #include "client/provision.h"
 
 #include "client/checks.h"
+#include "client/lookup.h"
 
 #include <algorithm>
 
@@ -22,9 +23,9 @@ std::string hindrance_of(const Item &wanted, bool force) {
 Error set(Connection &connection, Change &change) {
     change.refused.reset();
     for (Question &each : calls_of(change.wanted)) {
-        call(connection, {&each, 1});
-        if (each.error)
-            return each.error;
+        change.sent = true;
+        if (Error error = ask(connection, *each.procedure, each.arguments, each.answer))
+            return error;
         if (each.answer.code < 0) {
             change.refused = std::move(each);
             break;

@@ -13,6 +13,7 @@
 struct Change {
     Item wanted, before{}, now{};
     std::string hindrance{};           // why it is not sent; empty: it can be
+    bool sent = false;                 // a call that sets it, whatever came of that
     std::optional<Question> refused{}; // the last call that set it, where the daemon answered failure
 };
 

@@ -35,6 +35,10 @@ MISTAKES = [
     ("wps.toml", 'same_as = "wlan_set_wps_enable"', 'same_as = "wlan_set_wps"', "same_as", r"no procedure 'wlan_set_wps'"),
     ("keys.toml", 'after = ["wlan_set_wep_key_index"]', 'after = ["wlan_set_wep_key"]', None,
      r"wlan_set_enable, wlan_set_wep_encryption_level, wlan_set_wep_key, wlan_set_wep_key_passphrase wait for each other"),
+    ("lifecycle.toml", 'look = "status"\n', "", 'repeat = "runs again"', r"wlan_reset: 'look' is for what runs again"),
+    ("lifecycle.toml", 'repeat = "safe"\n', 'repeat = "safe"\nlook = "status"\n', "look", r"wlan_load: 'look' is for what runs again"),
+    ("wps.toml", 'look = "get wps_result_status INDEX"', 'look = "get wps_result INDEX"', "look", r"no procedure 'wlan_get_wps_result'"),
+    ("lifecycle.toml", 'look = "status"', 'look = "get status INDEX"', "look", r"wlan_reset has no index"),
     ("wps.toml", "number = 88\n", "number = \n", "number = \n", r"Invalid value"),
 ]
 

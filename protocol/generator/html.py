@@ -3,7 +3,7 @@
 import html
 from pathlib import Path
 
-from .meaning import EFFECTS, value_note
+from .meaning import EFFECTS, look_note, value_note
 
 PAGE = Path(__file__).with_name("reference.html")
 
@@ -55,7 +55,7 @@ def _procedure(each):
     rows = [
         ("arguments", _list([_argument(a) for a in each.arguments])), ("answer", _answer(each)), ("belongs to", esc(each.scope)),
         ("acts", esc(EFFECTS.get(each.effect, ""))),
-        ("sent twice", "runs again: a lost reply leaves the state unknown" if each.runs_again else "does no harm"),
+        ("sent twice", f"runs again; {esc(look_note(each))}" if each.runs_again else "does no harm"),
         ("may take", f"{each.seconds} s" if each.seconds > 1 else ""),
         ("settings", ", ".join(f"<code>{esc(key)}</code>" for key in each.keys)), ("driver, scripts", _list(told)),
         ("fails when", _list(fails) or "does not fail"), ("mind", _list([esc(text) for text in each.oddities])),

@@ -45,7 +45,13 @@ EFFECTS = {"at once": "Acts at once.", "at the next restart": "Acts at the next 
            "at the next load": "Acts when the driver is loaded the next time.", "none": ""}
 
 
+def look_note(procedure):
+    """Of an action: what to do after a lost reply."""
+    return "after a lost reply, " + ("no command shows whether it was done" if procedure.look == "none"
+                                     else f"look with: wlanctl {procedure.look}")
+
+
 def effect_note(procedure):
     """When it acts, and whether it may be sent twice."""
-    again = "Runs again when it is sent again." if procedure.runs_again else ""
+    again = f"Runs again when it is sent again; {look_note(procedure)}." if procedure.runs_again else ""
     return " ".join(part for part in (EFFECTS.get(procedure.effect, ""), again) if part)

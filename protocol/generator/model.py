@@ -110,6 +110,7 @@ class Procedure:
     scope: str
     effect: str
     runs_again: bool
+    look: str
     seconds: int
     keys: list
     driver: list
@@ -289,11 +290,20 @@ class _Builder:
             keys["number"], keys["name"], area, [each for each in arguments if each],
             keys.get("argument_record", keys["name"] + "_1_argument" if len(arguments) > 1 else ""),
             self.result(table, keys["result"]), keys["summary"], keys["scope"], keys["effect"],
-            keys["repeat"] == "runs again", keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
+            keys["repeat"] == "runs again", self._look(table), keys.get("seconds", 1), keys.get("keys", []), keys.get("driver", []),
             keys.get("scripts", []), [self.causes[name] for name in keys["fails"] if name in self.causes],
             keys.get("oddities", []), keys.get("after", []), keys["example"], keys.get("resets", ""),
             keys.get("setter", ""), keys.get("clear", ""), keys.get("same_as", ""), keys.get("also", ""), keys.get("tr181", ""),
             keys.get("since", "1.0"))
+
+    def _look(self, table):
+        """The command that shows whether an action was done; what may be sent again needs none."""
+        look = table.keys.get("look", "")
+        if bool(look) != (table.keys["repeat"] == "runs again"):
+            self.fault(table, "look" if look else "repeat", f"{table.keys['name']}: 'look' is for what runs again, and has to be there")
+        if "INDEX" in look and "index" not in table.keys["arguments"]:
+            self.fault(table, "look", f"{table.keys['name']} has no index")
+        return look
 
     def build_procedures(self, program):
         procedures = []
@@ -321,12 +331,14 @@ class _Builder:
                 if key not in keys:
                     self.fault(table, group, f"no procedure has the key '{key}'")
         return table.keys
+
     def _check_references(self, named):
         """Procedures name others that there are, and the order of the setters has no way back."""
         known = True
         for procedure in named.values():
             references = [("after", name) for name in procedure.after]
             references += [(key, getattr(procedure, key)) for key in ("setter", "clear", "same_as")]
+            references += [("look", f"wlan_get_{name}") for name in re.findall(r"\bget (\w+)", procedure.look)]
             for key, name in references:
                 if name and name not in named:
                     known = False

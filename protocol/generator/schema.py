@@ -20,7 +20,7 @@ KINDS = {
     "field": {"name": str, "type": str, "meaning": str, "count": (int,), "form": (str,), "unit": (str,), "as": (str,),
               "column": (bool,), "used": (str,)},
     "procedure": {"number": int, "name": str, "arguments": list, "argument_record": (str,), "result": (str, dict),
-                  "summary": str, "scope": str, "effect": str, "repeat": str, "seconds": (int,), "keys": (TEXTS,),
+                  "summary": str, "scope": str, "effect": str, "repeat": str, "look": (str,), "seconds": (int,), "keys": (TEXTS,),
                   "driver": (TEXTS,), "scripts": (TEXTS,), "fails": TEXTS, "oddities": (TEXTS,), "after": (TEXTS,),
                   "example": dict, "resets": (str,), "setter": (str,), "clear": (str,), "same_as": (str,), "also": (str,), "tr181": (str,), "since": (str,)},
     "example": {"call": str, "prints": str, "running": (bool,), "status": (int,)},

@@ -93,7 +93,7 @@ def _procedure(each, numbers):
     example = each.example
     return arrays, (
         f"    {{{quoted(each.area)}, {quoted(each.summary)}, {quoted(each.scope)}, {quoted(each.effect)}, {each.seconds}, "
-        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.resets)}, "
+        f"{', '.join(row)}, {_meaning(each.result.value)}, {fields}, {quoted(each.resets)}, {quoted('' if each.look == 'none' else each.look)}, "
         f"{quoted(each.setter)}, {quoted(each.clear)}, {quoted(each.same_as)}, {quoted(each.also)}, {quoted(each.tr181)}, {quoted(each.since)}, "
         f"{quoted(example.get('call', ''))}, {quoted(example.get('prints', ''))}}}, // {each.number} {each.name}\n")
 

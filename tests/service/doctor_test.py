@@ -194,7 +194,7 @@ PRINTED = {
     "answer": ["up", "call get_number_of_entries", "get ssid 1", "get key_passphrase 1 1", "set ssid 1 x", "scan 1", "stations 9",
                "get radio_tx_packets 1", "restart zv00", "restore-defaults 1", "wps-oob 1", "down"],
     "call": ["set key_passphrase 1 1 secretsecret --dry-run", "set ssid 1 '\udcff' --dry-run"], None: ["import /tmp/other.toml --dry-run", "batch /tmp/lines --keep-going"], "records": ["stats 1"], "procedures": ["list", "describe country"],
-    "description": ["describe ssid", "describe get_ap_scan_result"], "doctor": ["doctor"],
+    "description": ["describe ssid", "describe get_ap_scan_result", "describe set_wps_oob"], "doctor": ["doctor"],
     "status": ["status"], "export": ["export"], "diff": ["diff /tmp/all.toml", "diff /tmp/other.toml"], "import": ["import /tmp/all.toml", "import /tmp/other.toml"],
     "error": ["get ssid 77", "get ssid 77 --force", "nonsense", "--host no.invalid get ssid 1", "set ssid 1 ''"],
 }

@@ -120,6 +120,9 @@ class Provisioning(OnTheGateway):
             self.assertEqual(len(told["skipped"]), 3 if text == strange else 0, told)
             if text == refused:
                 self.assertIn("perhaps the key has not 5 or 13 characters", results["zvi01", "wep_key"])
+                error = next(each["error"] for each in told["changes"] if each["setting"] == "wep_key")
+                self.assertEqual((error["kind"], error["procedure"], error["code"]), ("failed", "wlan_set_wep_key", -1))
+                self.assertIn("not 5 or 13 characters", error["causes"][0]["cause"])
                 self.assertIn("it changes also the same of the radio's other BSSes", results["zvi00", "wmm_apsd"])
             self.assertEqual(wlanctl("diff", "/tmp/factory.toml").returncode == 0, all_as_before)
         make_afresh()
@@ -128,6 +131,21 @@ class Provisioning(OnTheGateway):
         LOCK.touch()
         self.addCleanup(LOCK.unlink)
         self.assertIn("locked", self.changes(self.write('[bss.2]\nssid = "x"\n'), status=1)[1]["zvi01", "ssid"])
+
+    def test_only_what_was_sent_and_put_back_is_called_so(self):
+        wlanctl("down")  # another test may have left it up
+        wlanctl("up")
+        self.addCleanup(wlanctl, "down")
+        file = self.write('[bss.zvi01]\nssid = "x"\n[radio.zvi00]\nwps_enable = 0\n')
+        for fault, words, status, result, put_back in [
+                # It is stored before the driver refuses it, forth and back.
+                ("set.zvi00.WscConfMode.fail", [], 1, "set, and perhaps not put back", False),
+                ("show.zvi00.WscInfo.delay", ["--timeout", "1"], 3, "not sent", None)]:  # the snapshot is late
+            path = GATEWAY / "faults" / fault
+            path.write_text("1500")
+            told, results = self.changes("--all-or-nothing", *words, file, status=status)
+            path.unlink()
+            self.assertEqual((results["zvi01", "ssid"], told.get("put_back")), (result, put_back), told)
 
     def test_bandwidth_before_channel_before_side_and_one_restart(self):
         self.assertEqual(wlanctl("set", "channel", "zv00", "165").returncode, 1)

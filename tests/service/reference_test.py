@@ -11,7 +11,7 @@ import sys
 import time
 import unittest
 
-from simulated import BIN, BUILD, TOP, OnTheGateway, make_afresh, run, wlanctl
+from simulated import BIN, BUILD, GATEWAY, TOP, OnTheGateway, make_afresh, run, wlanctl
 
 MADE = BUILD / "protocol"
 sys.path.insert(0, str(TOP / "protocol"))
@@ -19,6 +19,11 @@ from generator import model  # noqa: E402
 
 sys.path.insert(0, str(MADE / "python"))
 import wlan_config  # noqa: E402
+
+
+# What has to be otherwise before an action, so that it changes something.
+BEFORE = {"wlan_set_restore_defaults": "set ssid 1 x", "wlan_restart": "set channel 1 11", "wlan_restart_all": "set channel 1 11",
+          "wlan_set_wps_cancel": "set wps_pushbutton 1"}
 
 
 class Reference(OnTheGateway):
@@ -32,6 +37,23 @@ class Reference(OnTheGateway):
                 ran = wlanctl(*shlex.split(each.example["call"]))
                 self.assertEqual((ran.stdout.rstrip("\n"), ran.returncode),
                                  (each.example["prints"], each.example.get("status", 0)), ran.stderr)
+
+    def test_the_look_of_every_action_shows_it(self):
+        for each in (each for each in model.load(TOP / "protocol").procedures if each.runs_again and each.look != "none"):
+            with self.subTest(each.name):
+                make_afresh()
+                for command in ("down", "up", BEFORE.get(each.name, "status")):
+                    self.assertEqual(wlanctl(*command.split()).stderr, "")
+                (GATEWAY / "faults" / "survey.delay").write_text("500")  # the status of one before stays
+                example = shlex.split(each.example["call"])
+                look = each.look.replace("INDEX", example[2] if len(example) > 2 else "").split()
+                before = wlanctl(*look)
+                self.assertEqual((before.returncode, wlanctl(*example).stderr), (0, ""))
+                # The simulated driver stays on its channel where it is to choose one.
+                differs = each.name == "wlan_ap_auto_channel_select"
+                for _ in range(100):
+                    differs = differs or wlanctl(*look).stdout != before.stdout
+                self.assertTrue(differs)
 
     def test_a_session_of_the_python_client(self):
         make_afresh()

@@ -25,7 +25,8 @@ constexpr char examples[] =
     "  wlanctl --json call get_number_of_entries\n\n"
     "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure, a scan failed, doctor\n"
     "found something broken or diff a difference; 2 usage; 3 no reply in time; 4 not registered or\n"
-    "unreachable; 5 reply not understood; 130 after Ctrl-C, while an action (up, down, scan) goes on.";
+    "unreachable; 5 reply not understood; 130 after Ctrl-C, while an action (up, down, scan, --restart)\n"
+    "goes on.";
 
 constexpr double longest_timeout = 86400, shortest_interval = 0.25;
 

@@ -17,8 +17,7 @@ namespace {
 constexpr std::int64_t scan_running = 1, scan_finished = 3;
 // How long the platform's scripts may take before the daemon answers, and how long it may be silent while an
 // action is watched.
-constexpr Seconds short_patience{usual_patience}, long_patience{600}, restart_patience{120};
-constexpr int polls_of_a_restart = 8; // two seconds
+constexpr Seconds short_patience{usual_patience}, long_patience{600};
 
 struct Radios {
     const char *name;
@@ -115,31 +114,6 @@ int print_chart(Context &context, const Scan &scan, const Answer &result) {
     return 0;
 }
 
-// The daemon answers before the restart begins and does not tell how it ended: it is over when the first
-// interface is up and has stayed so for a while.
-Error restart_and_wait(Context &context, std::int64_t index) {
-    const bool all = index == 0;
-    const Values subject = all ? Values{} : Values{{{Kind::integer, index}}};
-    const Values watched{{{Kind::integer, all ? 1 : index}}};
-    Answer answer;
-    if (Error error = ask(context.connection, *find_procedure(all ? "wlan_restart_all" : "wlan_restart"),
-                          subject, answer))
-        return error;
-    Waiting waiting(context.connection, "restarting");
-    const Clock::time_point end =
-        Clock::now() + std::chrono::duration_cast<Clock::duration>(restart_patience);
-    int steady = 0; // times it was seen as before, one after the other
-    while (Clock::now() < end && waiting.goes_on_after_a_while()) {
-        Error error = ask(waiting.connection, *find_procedure("wlan_get_status"), watched, answer);
-        if (error && error.trouble != Trouble::timeout)
-            return error;
-        steady = !error && answer.text != "Error" ? steady + 1 : 0;
-        if (steady == polls_of_a_restart)
-            return {};
-    }
-    return {Trouble::timeout, "the restart goes on"};
-}
-
 } // namespace
 
 int up(Context &context, const Words &words) {
@@ -170,23 +144,6 @@ int up(Context &context, const Words &words) {
     if (Error error = poll(connection, init, none, "initialising", initialises, answer))
         return print_end(output, error, "initialisation goes on", init);
     return print_outcome(context, init, none, answer);
-}
-
-int restart(Context &context, const Words &words) {
-    return words.front() == "all" ? call(context, {"restart_all"})
-                                  : call(context, {"restart", words.front()});
-}
-
-Acts make_act(Context &context, std::int64_t index, const std::string &word) {
-    bool is_up = false;
-    Error error = find_driver(context.connection, is_up);
-    if (!error && !is_up)
-        return {"when the driver comes up", "wlanctl up"};
-    if (!error)
-        error = restart_and_wait(context, index);
-    if (!error)
-        return {restarted};
-    return {"at the next restart", fmt::format("wlanctl restart {}", word), error};
 }
 
 int down(Context &context, const Words &) {
@@ -247,13 +204,18 @@ int stations(Context &context, const Words &words) {
         return print_error(context.output, error, &table);
     if (Error error = ask(context.connection, table, index, answer))
         return print_error(context.output, error, &table);
-    if (answer.code < 0 || context.output.json)
+    if (answer.code < 0)
         return print_outcome(context, table, index, answer);
     if (Error error = find_names(context.connection, context.gateway))
         return print_error(context.output, error);
-    Json devices = value_of(table, answer)["devices"];
-    for (Json &each : devices)
-        each["interface"] = name_of_bss(context.gateway, index.list[0].number, each["bss_from_0"]);
+    const std::int64_t radio = index.list[0].number;
+    const Json devices = with_interfaces(context.gateway, radio, value_of(table, answer)["devices"]);
+    if (context.output.json) {
+        Json object = answer_json(context.output, table, answer, subject_of(context, table, index, answer));
+        object["value"]["devices"] = devices;
+        print_json(object);
+        return 0;
+    }
     return print_table(context.output, table_of(devices, {{"INTERFACE", "interface"},
                                                           {"MAC", "mac"},
                                                           {"IP", "ip"},

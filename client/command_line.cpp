@@ -26,7 +26,7 @@ constexpr char examples[] =
     "Exit status: 0 done, unchanged or in progress; 1 the daemon answered failure, a scan failed, doctor\n"
     "found something broken, diff a difference, or import did not set all; 2 usage; 3 no reply in time;\n"
     "4 not registered or unreachable; 5 reply not understood; 130 after Ctrl-C, which ends watch, and\n"
-    "while an action (up, down, scan) goes on.";
+    "while an action (up, down, scan, --restart) goes on.";
 
 constexpr double longest_timeout = 86400, shortest_interval = 0.25;
 

@@ -4,6 +4,7 @@
 #include "client/describe.h"
 #include "client/knowledge.h"
 #include "client/lookup.h"
+#include "client/restart.h"
 #include "client/terminal.h"
 
 #include <algorithm>
@@ -45,15 +46,30 @@ Error prepare(Context &context, const std::string &prefix, const Words &words, P
 // A setter that does nothing is none.
 bool only_reads(const Procedure &procedure) { return procedure.name.starts_with("wlan_get_"); }
 
+constexpr std::string_view at_restart = "at the next restart";
+
+bool acts_at_restart(const Procedure &procedure) {
+    return procedure.name.starts_with("wlan_set_") && procedure.result == Result::code &&
+           knowledge_of(procedure).effect == at_restart;
+}
+
+int show_call(Context &context, const Procedure &procedure, const Values &arguments) {
+    print_call(context.output, procedure, arguments);
+    if (!context.options.restart || !acts_at_restart(procedure))
+        return 0;
+    if (Error error = find_names(context.connection, context.gateway))
+        return print_error(context.output, error);
+    const std::int64_t index = subject_of(context, procedure, arguments, {}).index;
+    return print_restart(context, restart_of(context.gateway, index));
+}
+
 int call_named(Context &context, const std::string &prefix, const Words &words) {
     Prepared prepared;
     if (Error error = prepare(context, prefix, words, prepared))
         return print_error(context.output, error, prepared.procedure);
     const auto &[procedure, arguments] = prepared;
-    if (context.options.dry_run && !only_reads(*procedure)) {
-        print_call(context.output, *procedure, arguments);
-        return 0;
-    }
+    if (context.options.dry_run && !only_reads(*procedure))
+        return show_call(context, *procedure, arguments);
     if (procedure->name == "wlan_load" || procedure->name == "wlan_reset")
         context.gateway = {}; // they give the interfaces other numbers
     Answer answer;
@@ -62,22 +78,31 @@ int call_named(Context &context, const std::string &prefix, const Words &words) 
     return print_outcome(context, *procedure, arguments, answer);
 }
 
+// Of a setter that acts at once: while the driver is down, what also stands in a file is only stored.
+Acts acts_now(Context &context, const Knowledge &setter) {
+    bool is_up = true;
+    if (!setter.driver.empty() && !setter.keys.empty())
+        if (Error error = find_driver(context.connection, is_up))
+            return {"", "", error};
+    return is_up ? Acts{setter.effect} : Acts{with_driver, "wlanctl up"};
+}
+
 // The command that makes a stored change act.
 Acts when_it_acts(Context &context, const Procedure &procedure, const Answer &answer,
                   const Subject &subject) {
-    const std::string when = knowledge_of(procedure).effect;
-    const bool to_restart = context.options.restart && when == "at the next restart";
+    const Knowledge &known = knowledge_of(procedure);
+    const std::string when = known.effect;
+    const bool to_restart = context.options.restart && when == at_restart;
     // What is stored already may wait for a restart, too.
     const bool stored = answer.code == code_done || (answer.code == code_unchanged && to_restart);
     if (!procedure.name.starts_with("wlan_set_") || procedure.result != Result::code || !stored)
         return {};
     if (when == "at the next load")
         return {when, "wlanctl down, wlanctl up"};
-    if (when != "at the next restart")
-        return {when == "none" ? "" : when};
-    return to_restart ? make_act(context, subject.index, subject.index == 0 ? "all" : subject.interface)
-                      : Acts{when, fmt::format("wlanctl restart {}",
-                                               subject.index == 0 ? "all" : subject.interface)};
+    if (when != at_restart)
+        return when == "none" ? Acts{} : acts_now(context, known);
+    const Restart restart = restart_of(context.gateway, subject.index);
+    return to_restart ? make_act(context, restart) : Acts{when, restart.command};
 }
 
 } // namespace
@@ -135,7 +160,7 @@ int print_outcome(Context &context, const Procedure &procedure, const Values &ar
     const Subject subject = subject_of(context, procedure, arguments, answer);
     const Acts acts = when_it_acts(context, procedure, answer, subject);
     const int status = print_answer(context.output, procedure, answer, subject, acts);
-    if (acts.failed)
+    if (acts.failed && !context.output.json)
         fmt::print(stderr, "wlanctl: {}\n", shown_on(stderr, acts.failed.message));
     return acts.failed ? static_cast<int>(acts.failed.trouble) : status;
 }

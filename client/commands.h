@@ -52,7 +52,8 @@ int set(Context &context, const Words &words);
 // Loads the driver for "dual" (the default), "24" or "5", starts its initialisation and waits for the end.
 // After Ctrl-C, it, `down` and `scan` say that the action goes on, and return 130.
 int up(Context &context, const Words &words);
-// One radio, by the index or the name of any of its interfaces, or "all".
+// One radio, by the index or the name of any of its interfaces, or "all". Unless forced, it refuses an index
+// for which the daemon would restart another radio.
 int restart(Context &context, const Words &words);
 int down(Context &context, const Words &words);
 // Put settings back to those of the factory.
@@ -95,7 +96,3 @@ int batch(Context &context, const Words &words);
 // it acts; where --restart is said, it is made to act.
 int print_outcome(Context &context, const Procedure &procedure, const Values &arguments,
                   const Answer &answer);
-
-// Restarts the radio of the interface, or all for 0, and waits until its interfaces are up again; where the
-// driver is not up, the change waits for that instead. `word` names the interface in a command.
-Acts make_act(Context &context, std::int64_t index, const std::string &word);

@@ -2,6 +2,7 @@
 #include "client/commands.h"
 #include "client/lookup.h"
 #include "client/provision.h"
+#include "client/restart.h"
 #include "client/table.h"
 #include "client/text.h"
 
@@ -105,9 +106,10 @@ std::string why_not(const Context &context, const Change &change, const std::vec
 struct Report {
     std::vector<Change> changes; // that differed, before or now
     SettingsFile file;
-    Error error{};                  // that ended it
-    bool refused = false;           // nothing was sent
-    std::optional<bool> put_back{}; // all of it
+    Error error{};                    // that ended it
+    bool refused = false;             // nothing was sent
+    std::optional<bool> put_back{};   // all of it
+    std::optional<Restart> restart{}; // that the changes wait for
     std::string acts{}, by{};
 };
 
@@ -196,7 +198,9 @@ int print_report(const Context &context, const Report &report) {
         fmt::print("unchanged\n");
     if (!report.acts.empty())
         fmt::print("{}\n", report.acts == restarted ? "the radio was restarted"
-                                                    : fmt::format("acts {} ({})", report.acts, report.by));
+                           : report.acts == restart_asked
+                               ? "the restart was asked for; its end was not seen"
+                               : fmt::format("acts {} ({})", report.acts, report.by));
     std::fflush(stdout);
     print_strangers(report.file);
     if (report.error)
@@ -210,33 +214,38 @@ int print_report(const Context &context, const Report &report) {
     return status;
 }
 
-// The first interfaces of the radios that have to be restarted for the changes to act.
-std::vector<std::int64_t> radios_to_restart(const Context &context, const std::vector<Change> &changes) {
-    std::vector<std::int64_t> radios;
+// Of the radios whose stored changes wait for it, by a test of each change.
+std::optional<Restart> restart_for(const Context &context, const std::vector<Change> &changes,
+                                   bool (*counts)(const Change &)) {
+    std::vector<std::int64_t> radios; // their first interfaces
     for (const Change &change : changes)
-        if (was_set(change) && knowledge_of(*change.wanted.setting->set).effect == at_restart)
+        if (counts(change) && knowledge_of(*change.wanted.setting->set).effect == at_restart)
             for (const Place &place : places_of(context.gateway, change.wanted.index))
                 if (place.scope == Scope::radio &&
                     std::find(radios.begin(), radios.end(), place.index) == radios.end())
                     radios.push_back(place.index);
-    return radios;
+    if (radios.empty())
+        return std::nullopt;
+    return restart_of(context.gateway, radios.size() == 1 ? radios[0] : 0);
+}
+
+Error restart(Context &context, Report &report) {
+    const Acts acts = make_act(context, *report.restart);
+    std::tie(report.acts, report.by) = std::tie(acts.when, acts.by);
+    return acts.failed;
 }
 
 // When the changes act; with --restart, one restart makes them, and what it has set back shows.
 Error make_act(Context &context, Report &report) {
-    const std::vector<std::int64_t> radios = radios_to_restart(context, report.changes);
-    const std::int64_t index = radios.size() == 1 ? radios[0] : 0;
-    const std::string word = index == 0 ? "all" : name_of(context.gateway, index);
-    if (!radios.empty() && context.options.restart) {
-        const Acts acts = make_act(context, index, word);
-        std::tie(report.acts, report.by) = std::tie(acts.when, acts.by);
-        if (acts.failed)
-            return acts.failed;
+    report.restart = restart_for(context, report.changes, was_set);
+    if (report.restart && context.options.restart) {
+        if (Error error = restart(context, report))
+            return error;
         if (Error error = look(context.connection, report.changes))
             return error;
-    } else if (!radios.empty()) {
+    } else if (report.restart) {
         report.acts = at_restart;
-        report.by = fmt::format("wlanctl restart {}", word);
+        report.by = report.restart->command;
     }
     if (std::any_of(report.changes.begin(), report.changes.end(), [](const Change &change) {
             return was_set(change) && knowledge_of(*change.wanted.setting->set).effect == at_load;
@@ -257,20 +266,42 @@ Error put_back(Context &context, const std::vector<Item> &snapshot, bool &ret_al
     return {};
 }
 
-// Sets what differs; after a failure, puts it back where that is wanted.
-void carry_out(Context &context, std::vector<Change> &changes, Report &report) {
-    std::vector<Item> snapshot;
-    const bool whole = context.options.all_or_nothing;
-    if (whole && (report.error = take_snapshot(context, snapshot)))
-        return;
-    report.error = bring_about(context.connection, changes);
-    const bool failed = report.error || std::any_of(changes.begin(), changes.end(), has_failed);
-    if (whole && failed) {
-        bool all = false;
-        if (Error error = put_back(context, snapshot, all); error && !report.error)
-            report.error = error;
-        report.put_back = all;
+// After a failure. Where a restart was asked for, another one makes the old settings act again.
+void undo(Context &context, const std::vector<Item> &snapshot, Report &report) {
+    bool all = false;
+    Error error = put_back(context, snapshot, all);
+    const bool asked = report.acts == restarted || report.acts == restart_asked;
+    report.acts = report.by = "";
+    if (!error && asked)
+        error = restart(context, report);
+    if (error && !report.error)
+        report.error = error;
+    report.put_back = all;
+}
+
+using Snapshot = std::optional<std::vector<Item>>; // where everything is to be put back after a failure
+
+// Sets what differs.
+Error carry_out(Context &context, std::vector<Change> &changes, Snapshot &ret_snapshot) {
+    if (context.options.all_or_nothing) {
+        std::vector<Item> items;
+        if (Error error = take_snapshot(context, items))
+            return error;
+        ret_snapshot = std::move(items);
     }
+    return bring_about(context.connection, changes);
+}
+
+// Makes what was set act; after a failure, puts it back where that is wanted. (Ctrl-C while a restart goes on
+// is none.)
+void finish(Context &context, const Snapshot &snapshot, Report &report) {
+    const auto failed = [&] {
+        return report.error || std::any_of(report.changes.begin(), report.changes.end(), has_failed);
+    };
+    if (!report.error && !(snapshot && failed()))
+        report.error = make_act(context, report);
+    if (snapshot && failed() && report.error.trouble != Trouble::interrupted)
+        undo(context, *snapshot, report);
 }
 
 int show_calls(Context &context, const std::vector<Change> &changes, const SettingsFile &file) {
@@ -291,6 +322,9 @@ int show_calls(Context &context, const std::vector<Change> &changes, const Setti
                                                           words_for(change.wanted), change.hindrance)},
                             change.wanted.setting->set);
     }
+    const auto is_sent = [](const Change &change) { return differs(change) && change.hindrance.empty(); };
+    if (const auto restart = restart_for(context, changes, is_sent); restart && context.options.restart)
+        status = std::max(status, print_restart(context, *restart));
     if (context.output.json && !file.strangers.empty())
         print_json({{"status", "failed"}, {"changes", Json::array()}, {"skipped", strangers_json(file)}});
     else
@@ -341,11 +375,12 @@ int import_settings(Context &context, const Words &words) {
     report.refused =
         context.options.all_or_nothing &&
         (!report.file.strangers.empty() || std::any_of(changes.begin(), changes.end(), hindered));
+    Snapshot snapshot;
     if (!report.refused)
-        carry_out(context, changes, report);
+        report.error = carry_out(context, changes, snapshot);
     std::copy_if(changes.begin(), changes.end(), std::back_inserter(report.changes),
                  [](const Change &change) { return has_failed(change) || was_set(change); });
-    if (!report.error && !report.put_back)
-        report.error = make_act(context, report);
+    if (!report.refused)
+        finish(context, snapshot, report);
     return print_report(context, report);
 }

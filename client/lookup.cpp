@@ -163,6 +163,12 @@ Error take_arguments(Context &context, const Procedure &procedure, const Words &
     return {};
 }
 
+Json with_interfaces(const Gateway &gateway, std::int64_t index, Json stations) {
+    for (Json &each : stations)
+        each["interface"] = name_of_bss(gateway, index, each["bss_from_0"]);
+    return stations;
+}
+
 Error ask(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer) {
     Error error = call(connection, procedure, arguments, ret_answer);
     if (!error)

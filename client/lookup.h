@@ -21,5 +21,8 @@ Error find_some_names(Context &context);
 Subject subject_of(Context &context, const Procedure &procedure, const Values &arguments,
                    const Answer &answer);
 
+// The stations of the interface's radio, each with the name of its own interface.
+Json with_interfaces(const Gateway &gateway, std::int64_t index, Json stations);
+
 // Calls the procedure; an error names it, and says so where it is not known whether an action was done.
 Error ask(Connection &connection, const Procedure &procedure, const Values &arguments, Answer &ret_answer);

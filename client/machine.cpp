@@ -49,13 +49,27 @@ bool is_daemon(const fs::path &process) {
     return content_of(process / "comm").value_or("") == fmt::format("{}\n", program);
 }
 
-// One that has ended and that nobody has asked for; and a daemon that is about to run a command is two for a
-// moment.
-bool is_dead_or_child(const fs::path &process) {
+// The parent of a process; empty where it has ended, though perhaps nobody has asked for it.
+std::string parent_of(const fs::path &process) {
     const std::string told = content_of(process / "stat").value_or("");
     const std::vector<std::string> words = split(told.substr(std::min(told.rfind(')'), told.size())), ' ');
     constexpr std::size_t state = 1, parent = 2; // behind the name
-    return words.size() <= parent || words[state] == "Z" || is_daemon(fs::path("/proc") / words[parent]);
+    return words.size() <= parent || words[state] == "Z" ? "" : words[parent];
+}
+
+// A daemon that is about to run a command is two for a moment.
+bool is_dead_or_child(const fs::path &process) {
+    const std::string parent = parent_of(process);
+    return parent.empty() || is_daemon(fs::path("/proc") / parent);
+}
+
+std::vector<fs::path> processes() {
+    std::vector<fs::path> found;
+    std::error_code ended;
+    for (fs::directory_iterator at("/proc", ended), end; !ended && at != end; at.increment(ended))
+        if (std::isdigit(static_cast<unsigned char>(at->path().filename().c_str()[0])) != 0)
+            found.push_back(at->path());
+    return found;
 }
 
 // One in another network belongs to a container.
@@ -101,9 +115,8 @@ std::optional<std::string> Daemon::variable(std::string_view name) const {
 
 std::vector<Daemon> find_daemons() {
     std::vector<Daemon> daemons;
-    std::error_code ended;
-    for (fs::directory_iterator at("/proc", ended), end; !ended && at != end; at.increment(ended))
-        if (auto daemon = daemon_in(at->path()))
+    for (const fs::path &process : processes())
+        if (auto daemon = daemon_in(process))
             daemons.push_back(std::move(*daemon));
     std::sort(daemons.begin(), daemons.end(), [](auto &a, auto &b) { return a.process < b.process; });
     return daemons;
@@ -141,6 +154,12 @@ std::int64_t start_of(const Daemon &daemon) {
         return 0;
     std::istringstream(machine.substr(at + before.size())) >> boot;
     return boot + ticks / sysconf(_SC_CLK_TCK);
+}
+
+bool has_child(const Daemon &daemon) {
+    const std::string id = fmt::format("{}", daemon.process);
+    const std::vector<fs::path> all = processes();
+    return std::any_of(all.begin(), all.end(), [&](const fs::path &each) { return parent_of(each) == id; });
 }
 
 std::vector<in_addr_t> addresses_of_port(std::uint16_t port) {

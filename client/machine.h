@@ -32,6 +32,9 @@ std::string version_of(const Daemon &daemon);
 // Seconds since 1970; 0 where it is not told.
 std::int64_t start_of(const Daemon &daemon);
 
+// Whether a script or a tool that it has begun goes on.
+bool has_child(const Daemon &daemon);
+
 // The IPv4 addresses, in network order, on which sockets listen at that UDP port.
 std::vector<in_addr_t> addresses_of_port(std::uint16_t port);
 

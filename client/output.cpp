@@ -73,19 +73,6 @@ void add_subject(Json &object, const Subject &subject) {
         object["interface"] = subject.interface;
 }
 
-void print_answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
-                       const Subject &subject, const Acts &acts) {
-    Json object{{"procedure", procedure.name}, {"status", status_name(answer.code)}, {"code", answer.code}};
-    add_subject(object, subject);
-    if (!acts.when.empty())
-        object["acts"] = acts.when;
-    if (!acts.by.empty())
-        object["by"] = acts.by;
-    if (has_value(procedure))
-        add_answer(object, output, procedure, answer);
-    print_json(object);
-}
-
 void print_records_json(const Subject &subject, const Json &value) {
     Json object{{"status", status_name(0)}, {"code", 0}};
     add_subject(object, subject);
@@ -191,6 +178,8 @@ std::string code_line(const Answer &answer, const Acts &acts) {
         return status_name(answer.code);
     if (acts.when == restarted)
         return "stored, and the radio restarted";
+    if (acts.when == restart_asked)
+        return "stored, and the restart asked for; its end was not seen";
     return acts.by.empty() ? "in force" : fmt::format("stored; acts {} ({})", acts.when, acts.by);
 }
 
@@ -229,12 +218,29 @@ Json value_of(const Procedure &procedure, const Answer &answer) {
     return object;
 }
 
+Json answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
+                 const Subject &subject, const Acts &acts) {
+    Json object{{"procedure", procedure.name},
+                {"status", acts.failed ? "failed" : status_name(answer.code)},
+                {"code", answer.code}};
+    add_subject(object, subject);
+    if (!acts.when.empty())
+        object["acts"] = acts.when;
+    if (!acts.by.empty())
+        object["by"] = acts.by;
+    if (has_value(procedure))
+        add_answer(object, output, procedure, answer);
+    if (acts.failed)
+        object["error"] = error_json(acts.failed, nullptr, nullptr, Json::array());
+    return object;
+}
+
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject, const Acts &acts) {
     if (!output.json && has_value(procedure))
         return print_value(output, procedure, answer, subject);
     if (output.json)
-        print_answer_json(output, procedure, answer, subject, acts);
+        print_json(answer_json(output, procedure, answer, subject, acts));
     else
         print_code(procedure, answer, acts);
     return 0;

@@ -19,13 +19,15 @@ struct Output {
     std::vector<std::string> columns{}; // of tables, chosen by name; none: all
 };
 
-// Of a change whose radio was restarted; whether the platform's script succeeded is not told.
-inline constexpr char restarted[] = "restarted";
+// Of a change whose radio was restarted (whether the platform's script succeeded is not told); whose restart
+// was asked for, and no end of it seen; that waits for the driver.
+inline constexpr char restarted[] = "restarted", restart_asked[] = "restart asked for, its end not seen",
+                      with_driver[] = "when the driver comes up";
 
 // When a change acts, and the command that makes it: "at the next restart", "wlanctl restart zv00".
 struct Acts {
     std::string when{}, by{};
-    Error failed{}; // to make it act, though that was wanted
+    Error failed{}; // to make it act, though that was wanted, or to find out
 };
 
 // The interface that a call was about; 0: none.
@@ -46,6 +48,9 @@ Error check_columns(const Output &output, const Procedure &procedure);
 
 // All return the exit status. The answer is no failure.
 int print_answer(const Output &output, const Procedure &procedure, const Answer &answer,
+                 const Subject &subject = {}, const Acts &acts = {});
+// What it prints with --json.
+Json answer_json(const Output &output, const Procedure &procedure, const Answer &answer,
                  const Subject &subject = {}, const Acts &acts = {});
 // Records that belong together, as one; none of the answers is a failure.
 int print_records(const Output &output, const Subject &subject,

@@ -76,9 +76,9 @@ Error watch_stations(Watched &watched, Picture &ret_picture) {
         return error;
     ret_picture.value = Json::array();
     for (const std::int64_t index : radios)
-        for (Json station : gateway.field("assoc_devices_table", index, "devices")) {
+        for (Json station : with_interfaces(watched.context.gateway, index,
+                                            gateway.field("assoc_devices_table", index, "devices"))) {
             station["radio"] = band_of(name_of(watched.context.gateway, index));
-            station["interface"] = name_of_bss(watched.context.gateway, index, station["bss_from_0"]);
             ret_picture.value.push_back(std::move(station));
         }
     ret_picture.tables = {

@@ -110,6 +110,11 @@ std::optional<std::string_view> text_for_get(const SettingsFile &file) {
     return is_shared(file) ? shared_text->text : read_settings(open_settings(file));
 }
 
+void log_get(const SettingsFile &file, std::string_view key) {
+    log_debug("[ZAV-API] nvram_get_str input args: ifname=%s, key=%.*s\n", file.name,
+              static_cast<int>(key.size()), key.data());
+}
+
 // Whether no text can be had because something else is in the file's place, or the VLAN file is not there: a
 // start of the machine takes that away, and the platform makes it anew. Any other failure may pass, such as
 // that of a radio's file whose directory is not mounted yet, and the change can be finished then.
@@ -170,6 +175,13 @@ std::optional<Range> find_value(std::string_view text, std::string_view key) {
     const auto begin =
         static_cast<std::size_t>(static_cast<const char *>(line) - text.data()) + key.size() + 2;
     return Range{begin, std::min(text.find('\n', begin), text.size())};
+}
+
+// In the buffer of the store, which the caller holds.
+std::optional<std::string_view> find_stored(const SettingsFile &file, std::string_view key) {
+    const auto text = text_for_get(file);
+    const auto place = text ? find_value(*text, key) : std::nullopt;
+    return place ? std::optional(text->substr(place->begin, place->end - place->begin)) : std::nullopt;
 }
 
 // Puts the pieces one after the other into the second buffer; nothing when they reach the limit of a file.
@@ -250,14 +262,12 @@ void open_settings_journal() {
 }
 
 Status nvram_get_str(const SettingsFile &file, std::string_view key, std::span<char> ret_value) {
-    log_debug("[ZAV-API] %s input args: ifname=%s, key=%.*s\n", __func__, file.name,
-              static_cast<int>(key.size()), key.data());
+    log_get(file, key);
     const std::lock_guard held(store_mutex);
-    const auto text = text_for_get(file);
-    const auto place = text ? find_value(*text, key) : std::nullopt;
-    if (!place)
+    const auto value = find_stored(file, key);
+    if (!value)
         return failure;
-    copy_text(ret_value, text->substr(place->begin, place->end - place->begin));
+    copy_text(ret_value, *value);
     return success;
 }
 
@@ -269,10 +279,11 @@ Status nvram_get_int(const SettingsFile &file, std::string_view key, int *ret_va
 }
 
 Status nvram_get_whole(const SettingsFile &file, std::string_view key, std::string *ret_value) {
-    ret_value->assign(settings_file_limit, '\0'); // on the heap: a worker's stack is small
-    const Status result = nvram_get_str(file, key, *ret_value);
-    ret_value->resize(std::strlen(ret_value->c_str()));
-    return result;
+    log_get(file, key);
+    const std::lock_guard held(store_mutex);
+    const auto value = find_stored(file, key);
+    ret_value->assign(value ? value->substr(0, value->find('\0')) : "");
+    return value ? success : failure;
 }
 
 Status nvram_set_str(const SettingsFile &file, std::string_view key, const char *value) {

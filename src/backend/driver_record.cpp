@@ -80,9 +80,15 @@ std::optional<KnownDriver> parse_state(const std::string &text) {
 } // namespace
 
 void write_driver_record(const KnownDriver &driver) {
-    static const std::string own_head = paths() == nullptr ? "" : head();
+    static std::string own_head; // once it could be read; the caller lets no other change in
     const Paths *at = paths();
-    if (at == nullptr || (!own_head.empty() && write_record(*at, own_head + state_text(driver))))
+    if (at == nullptr)
+        return;
+    if (own_head.empty())
+        own_head = head();
+    if (own_head.empty())
+        errno = ENODATA; // the line before says why
+    if (!own_head.empty() && write_record(*at, own_head + state_text(driver)))
         return;
     log_error("[ZAV-API] Error %s write failed %s (%d).\n", __func__, strerror(errno), errno);
     remove_driver_record();

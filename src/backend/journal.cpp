@@ -10,6 +10,7 @@
 #include <fcntl.h>
 #include <optional>
 #include <string>
+#include <sys/file.h>
 #include <unistd.h>
 #include <utility>
 
@@ -33,7 +34,7 @@ struct Change {
     std::size_t old_tail_length() const { return header.old_length - header.beginning; }
 };
 
-int journal = -1; // open as long as the process, or until it is opened again
+int journal = -1; // open and locked as long as the process, or until it is opened again
 
 // The changes that may stand in part. Each file has a place in the journal: what waits until one can be read
 // is in no other's way.
@@ -138,7 +139,11 @@ bool is_mixture(const Change &change, std::string_view text) {
 
 } // namespace
 
+// Locked, for the change under way of a daemon that runs still must not be finished for it. The lock ends
+// with the process, however that ends: commands do not inherit it.
 bool open_journal(const char *directory) {
+    if (const int before = std::exchange(journal, -1); before >= 0)
+        close(before);
     errno = EINVAL;
     if (directory[0] != '/')
         return false;
@@ -147,7 +152,7 @@ bool open_journal(const char *directory) {
         return false;
     constexpr int flags = O_RDWR | O_CREAT | O_CLOEXEC | O_NOFOLLOW | O_NONBLOCK;
     Descriptor opened(openat(parent.get(), "settings-journal", flags, 0600));
-    if (!opened.valid() || fsync(parent.get()) != 0)
+    if (!opened.valid() || flock(opened.get(), LOCK_EX | LOCK_NB) != 0 || fsync(parent.get()) != 0)
         return false;
     std::string record(std::size(stores) * place_length, '\0');
     const ssize_t length = pread(opened.get(), record.data(), record.size(), 0);
@@ -157,8 +162,7 @@ bool open_journal(const char *directory) {
     for (const Store store : stores)
         change_of(store) = parse_change(
             store, std::string_view(record).substr(std::min(place_of(store), record.size()), place_length));
-    if (const int before = std::exchange(journal, opened.release()); before >= 0)
-        close(before);
+    journal = opened.release();
     return true;
 }
 
@@ -169,8 +173,14 @@ bool change_text(Store store, int fd, std::string_view from, std::string_view to
         return false;
     const Replaced replaced = replace_text(fd, from, to, Sync::yes);
     const int error = errno;
-    if (replaced != Replaced::in_part)
-        (void)mark_done(store); // else it is kept, and marked before the next change
+    if (replaced != Replaced::in_part) { // else it is kept, and marked before the next change
+        // The file is whole, and there is nothing left to finish, whether the mark could be written or not.
+        // Where not, the next note is written over this one; if a start comes before that, it finds nothing
+        // to do in the new text and leaves any other alone. Only the old text, byte for byte, it has to take
+        // for one that a kill has kept from being replaced.
+        (void)mark_done(store);
+        change_of(store).reset();
+    }
     errno = error;
     return replaced == Replaced::yes;
 }

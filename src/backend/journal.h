@@ -8,7 +8,8 @@
 // The change of each settings file that is under way, noted in a file of the daemon's own: what a kill or a
 // power cut leaves of it can be told from what others have written, and finished. The caller holds the store.
 
-// Takes up what the journal in the directory, an absolute path, holds, or begins one. False with errno set.
+// Takes up what the journal in the directory, an absolute path, holds, or begins one. False with errno set,
+// EWOULDBLOCK where another daemon has it: then no journal is open.
 bool open_journal(const char *directory);
 
 // Replaces the text of a settings file, noted and synced where a journal is open. Whether it did; else errno

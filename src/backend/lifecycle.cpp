@@ -34,8 +34,7 @@ Status run_for(const char *who, const char *verb, Radios radios, std::unique_loc
     return run_command(who, host_command(verb, script_word(radios)).c_str(), std::move(held));
 }
 
-bool has_interfaces(Radios loaded_for) {
-    const Radios running = GET_RUNNING_INTERFACES();
+bool has_interfaces(Radios loaded_for, Radios running) {
     const auto has = [&](Radio radio) { return includes(loaded_for, radio) && includes(running, radio); };
     return has(Radio::band_24g) || has(Radio::band_5g);
 }
@@ -90,6 +89,7 @@ void end_stop(Status result) {
     if (result == success) {
         ++current_run;
         set_known_driver();
+        remove_driver_record(); // also one that the start could not check
     }
     stop_runs = false;
     stop_ended.notify_all();
@@ -108,7 +108,18 @@ unsigned driver_run() { return current_run; }
 InitOutcome resume_driver() {
     const char *oddity = nullptr;
     auto recorded = read_driver_record(&oddity);
-    if (recorded && !has_interfaces(recorded->loaded_for))
+    Radios running = recorded ? GET_RUNNING_INTERFACES() : Radios::none;
+    if (running == Radios::unknown)
+        running = GET_RUNNING_INTERFACES(); // descriptors or a slow tool, perhaps
+    // Going on could take a stopped driver for a running one, and dropping it would forget one that runs.
+    // Kept, it is as if the daemon had not been started: what changes the driver here writes or removes it.
+    if (running == Radios::unknown) {
+        log_error(
+            "[ZAV-API] Error %s the driver's record cannot be checked, and is kept for the next start\n",
+            __func__);
+        return {};
+    }
+    if (recorded && !has_interfaces(recorded->loaded_for, running))
         oddity = "is of interfaces that are not there";
     if (oddity != nullptr) {
         log_error("[ZAV-API] Error %s the driver's record %s, and is dropped\n", __func__, oddity);

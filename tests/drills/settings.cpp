@@ -72,6 +72,8 @@ extern "C" int ftruncate(int fd, off_t length) noexcept {
 extern "C" int fsync(int fd) {
     return int(at_call('s', fd, 0, "", [](auto) { return 0; }));
 }
+extern "C" int lock_nothing(int, int) noexcept __asm__("flock"); // the parent has the journal open, too
+extern "C" int lock_nothing(int, int) noexcept { return 0; }
 extern "C" int fallocate(int fd, int mode, off_t at, off_t length) {
     return int(at_call('r', fd, 0, "", [=](auto) {
         errno = EOPNOTSUPP;

@@ -329,19 +329,21 @@ TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
     };
     const std::string record = gateway.path("run/driver"), settings = gateway.path("settings/ZAV75024g.dat");
     const auto up = [&] { bring_up(); };
-    const auto hang = [&](const std::string &verb, std::uint32_t procedure) {
+    const auto hang = [&](const std::string &verb, std::uint32_t procedure, std::uint32_t argument = 9) {
         gateway.fault("script.zv_host.sh." + verb + ".delay", "3600000"); // it outlives the test
-        (void)call(procedure, 9);
+        (void)client.call(procedure, word(argument), nullptr, 500);
         ASSERT_TRUE(await_lines("log", "zv_host.sh " + verb));
     };
     std::vector<Row> rows{
         {"not loaded", "", [] {}, false, -1, ""},
         {"loaded", "", [&] { EXPECT_EQ(call(load, 5), 0); }, false, 0, "init 5g"},
+        {"in a load", "", [&] { hang("load", load, 245); }, false, -1, ""},
         {"in an init", "", [&] { call(load, 245), hang("init", init); }, true, -1, ""},
         {"not told", "", [&] { call(load, 245), call(init), await_lines("run/driver", "init 1 0"); }, true, 0,
          ""},
         {"initialised", "", up, true, 0, ""},
         {"in a restart", "", [&] { up(), hang("restart_interfaces", restart); }, true, 0, ""},
+        {"in a stop", "", [&] { up(), hang("removevlans", reset); }, true, 0, ""},
         {"stopped", "", [&] { up(), call(reset); }, false, -1, ""}};
     for (const char *damage : {"sed -i '2s/[0-9]/x/'", "sed -i '1s/1/2/'", "sed -i 's/BSSes 8/BSSes 65/'",
                                "sed -i 's/init 2 0/init 2 3/'", "truncate -s 0", "truncate -s 90",
@@ -350,7 +352,7 @@ TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
     for (const auto &[name, damage, reach, initialised, result, verb] : rows) {
         SCOPED_TRACE(name);
         reach();
-        (void)call(get_name, 1); // so that the counts are known
+        (void)client.call(get_name, word(1), nullptr, 2000); // so that the counts are known
         shell("cd /tmp/gateway; " + (damage.empty() ? "" : damage + " run/driver"));
         write_file(gateway.path("err"), "");
         gateway.restart();
@@ -368,6 +370,23 @@ TEST_F(Lifecycle, AKilledDaemonIsFollowedByOneThatKnowsTheDriver) {
         EXPECT_EQ(call(reset), 0);
         EXPECT_FALSE(std::filesystem::exists(record));
     }
+}
+
+// Short of descriptors while the driver comes up, and not any more.
+TEST_F(Lifecycle, TheRecordIsWrittenAgainAsSoonAsItCanBe) {
+    gateway.fault("script.zv_host.sh.load.delay", "500");
+    std::jthread loading([&] { EXPECT_EQ(call(load, 245), 0); });
+    ASSERT_TRUE(await_lines("log", "zv_host.sh load"));
+    rlimit usual{};
+    ASSERT_EQ(prlimit(gateway.daemon().id(), RLIMIT_NOFILE, nullptr, &usual), 0);
+    const rlimit none{3, usual.rlim_max};
+    ASSERT_EQ(prlimit(gateway.daemon().id(), RLIMIT_NOFILE, &none, nullptr), 0);
+    loading.join();
+    EXPECT_EQ(gateway.count("err", "write_driver_record write failed No data available (61).\n"), 1);
+    ASSERT_EQ(prlimit(gateway.daemon().id(), RLIMIT_NOFILE, &usual, nullptr), 0);
+    EXPECT_EQ(call(get_name, 1), 0); // which looks the counts up
+    EXPECT_TRUE(std::filesystem::exists(gateway.path("run/driver")));
+    EXPECT_EQ(call(reset), 0);
 }
 
 // A limit on the address space leaves no room for a thread's stack.

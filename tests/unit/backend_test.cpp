@@ -259,9 +259,15 @@ TEST(BssIdentity, AssociatesAVlanWholeOrNotAtAll) {
     associate(9, "#\nVlanId0=7\nVlanId1=8\n", failure, "#\nVlanId0=7\nVlanId1=8\n",
               "search_vlan == entries ");
     associate(7, "", failure, "");
-    ASSERT_EQ(std::system("echo VlanId0=7 >other; ln -sf $PWD/other /tmp/ZAV750vlan.dat"), 0);
-    EXPECT_EQ(nvram_set_str(settings_vlan, "VlanId0", "8"), failure);
-    ASSERT_EQ(std::system("grep -qx VlanId0=7 other && rm /tmp/ZAV750vlan.dat"), 0);
+    ASSERT_EQ(std::system("echo >other; echo VlanId0=7 >>other; rm -f /tmp/ZAV750vlan.dat"), 0);
+    for (const std::string make : {"ln -s $PWD/other", "mkfifo", "mkdir"}) {
+        SCOPED_TRACE(make);
+        int stored = 99;
+        ASSERT_EQ(std::system((make + " /tmp/ZAV750vlan.dat").c_str()), 0);
+        EXPECT_EQ(nvram_get_int(settings_vlan, "VlanId0", &stored), failure);
+        EXPECT_EQ(nvram_set_str(settings_vlan, "VlanId0", "8"), failure);
+        ASSERT_EQ(std::system("grep -qx VlanId0=7 other && rm -d /tmp/ZAV750vlan.dat"), 0);
+    }
     struct Row {
         std::uint16_t vlan;
         std::string before, after;

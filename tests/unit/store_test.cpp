@@ -5,7 +5,9 @@
 
 #include <cerrno>
 #include <csignal>
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
 #include <sys/mount.h>
 #include <sys/resource.h>
 #include <sys/stat.h>
@@ -14,10 +16,14 @@
 
 // How large each write found the file.
 static std::vector<std::size_t> sizes_found;
+static std::size_t refused_length = SIZE_MAX;
 extern "C" ssize_t pwrite(int fd, const void *text, std::size_t length, off_t at) {
     struct stat found {};
     fstat(fd, &found);
     sizes_found.push_back(static_cast<std::size_t>(found.st_size));
+    errno = EIO;
+    if (length == refused_length)
+        return -1;
     return pwrite64(fd, text, length, at);
 }
 
@@ -112,6 +118,27 @@ TEST(Store, KeepsTheOldTextOnAFullDisk) {
         check_set(text_of(7000), "A", longer, success, "#\nA=" + longer + text_of(7000).substr(5));
         umount("/tmp/settings");
     }
+}
+
+static std::string said_at_start() {
+    testing::internal::CaptureStderr();
+    open_settings_journal();
+    return testing::internal::GetCapturedStderr();
+}
+
+// Another daemon has the journal, until it ends; a mark that cannot be written brings no old change back.
+TEST(Store, HasTheJournalAloneAndForgetsAChangeThatWasMade) {
+    setenv("STATE_DIRECTORY", "/tmp/settings", 1);
+    const int other = open("/tmp/settings/settings-journal", O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+    ASSERT_EQ(flock(other, LOCK_EX | LOCK_NB), 0);
+    EXPECT_EQ(said_at_start(), "[ZAV-API] Error open_settings_journal no journal in /tmp/settings: "
+                               "Resource temporarily unavailable\n");
+    close(other);
+    EXPECT_EQ(said_at_start() + said_at_start(), "");
+    refused_length = 8; // the mark's
+    check_set("#\nA=1\nB=1\n", "A", "2", success, "#\nA=2\nB=1\n");
+    check_set("#\nA=1\nB=1\n", "B", "2", success, "#\nA=1\nB=2\n");
+    refused_length = SIZE_MAX;
 }
 
 TEST(ResultFile, GivesTheFirstLineAndIsClosed) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "backend/descriptor.h"
 #include "backend/line.h"
 
 #include <string_view>
@@ -17,6 +18,12 @@ bool debug_enabled();
 // A text as it is, with or without debugging, on standard output or standard error. Neither takes memory.
 void log_output(std::string_view text);
 void log_last_words(std::string_view text);
+
+// Standard output and standard error for a command. What a pipe or a terminal does not take is lost there, as
+// lines are. Not valid where nothing is taken now; then /dev/null is better, for a script may end where a
+// write fails.
+Descriptor output_for_command();
+Descriptor errors_for_command();
 
 // Debug lines whose conversions were checked where they were written (see Line), behind "[ZAV-API] ", `who`
 // and `rest`, or behind "[ZAV-API] ", `who` twice and the index.

@@ -233,10 +233,19 @@ TEST(Debug, LinesComeAndGoWithTheFile) {
     EXPECT_EQ(read_file(gateway.path("out")), spoken);
 }
 
+// What fails where a write fails, and prints more than a pipe takes.
+std::string printing_scripts() {
+    std::filesystem::create_directory("/tmp/printing");
+    write_file("/tmp/printing/restore_defaults.sh", "echo said && echo said >&2 || exit 1\n"
+                                                    "head -c 100000 /dev/zero | tee /dev/stderr; exit 0\n");
+    std::filesystem::permissions("/tmp/printing/restore_defaults.sh", std::filesystem::perms::all);
+    return "zav_install_dir=/tmp/printing";
+}
+
 TEST(Debug, AReaderThatStallsLosesLines) {
     mkfifo("/tmp/stalled", 0600);
     const int reader = open("/tmp/stalled", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    Gateway gateway({"127.0.0.1"}, {}, "", "/tmp/stalled");
+    Gateway gateway({"127.0.0.1"}, {printing_scripts()}, "", "/tmp/stalled");
     const auto lines_of_calls = [&](int calls, std::uint32_t procedure = get_ssid) {
         for (; calls > 0 && !HasFailure(); --calls)
             EXPECT_TRUE(gateway.call(procedure, word(1)).has_value());
@@ -256,16 +265,19 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     EXPECT_TRUE(first.ends_with('\n'));
     EXPECT_EQ(count(then), lines + 1);
     EXPECT_LT(count(lines_of_calls(3000, scan_status)), 3000) << "lines that come without debugging";
+    for (const char *output : {"that fills up", "full"})
+        EXPECT_EQ(gateway.call(restore_defaults, word(1)), word(0)) << output;
 }
 
 TEST(Debug, ATerminalThatStallsLosesLines) {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     ASSERT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
-    Gateway gateway({"127.0.0.1"}, {}, "exec \"$@\" 2>&1", ptsname(terminal));
+    Gateway gateway({"127.0.0.1"}, {printing_scripts()}, "exec \"$@\" 2>&1", ptsname(terminal));
     write_file("/tmp/wlandbg", "");
     for (int call = 0; call < 2000; ++call)
         ASSERT_TRUE(gateway.call(get_ssid, word(1))) << call;
     std::filesystem::remove("/tmp/wlandbg");
+    EXPECT_EQ(gateway.call(restore_defaults, word(1)), word(0));
     std::string text;
     EXPECT_TRUE(await([&] {
         std::array<char, 4096> piece;

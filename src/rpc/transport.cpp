@@ -90,10 +90,11 @@ bool take_datagram(int socket) {
     return true;
 }
 
-bool send_datagram(int socket, std::span<const char> datagram) {
+// What cannot be sent is lost, as it could be on its way; the client asks again.
+void send_datagram(int socket, std::span<const char> datagram) {
     iovec bytes{const_cast<char *>(datagram.data()), datagram.size()};
     const msghdr header = header_for(&bytes, current.control_length);
-    return sendmsg(socket, &header, 0) == static_cast<ssize_t>(datagram.size());
+    (void)sendmsg(socket, &header, 0);
 }
 
 bool_t refuse(const char *why) {
@@ -161,6 +162,7 @@ bool is_success(const rpc_msg &message) {
     return message.rm_reply.rp_stat == MSG_ACCEPTED && message.acpted_rply.ar_stat == SUCCESS;
 }
 
+// False only for a reply that does not fit: another would say that what was done has failed.
 bool_t send_reply(SVCXPRT *transport, rpc_msg *message) {
     XDR stream;
     xdrmem_create(&stream, reply_buffer.data(), static_cast<u_int>(reply_buffer.size()), XDR_ENCODE);
@@ -170,7 +172,8 @@ bool_t send_reply(SVCXPRT *transport, rpc_msg *message) {
     const auto reply = std::span<const char>(reply_buffer).first(XDR_GETPOS(&stream));
     if (current.runs_once && is_success(*message)) // before it is sent: it must not run again if that fails
         replies.keep(current.peer, current.whole(), reply, ReplyCache::Clock::now());
-    return send_datagram(transport->xp_fd, reply) ? TRUE : FALSE;
+    send_datagram(transport->xp_fd, reply);
+    return TRUE;
 }
 
 void destroy(SVCXPRT *transport) {
@@ -196,9 +199,16 @@ void enlarge_receive_buffer(int socket) {
         setsockopt(socket, SOL_SOCKET, SO_RCVBUF, &size, sizeof size);
 }
 
+bool is_bound_to_one(int socket) {
+    sockaddr_in local{};
+    socklen_t length = sizeof local;
+    return getsockname(socket, reinterpret_cast<sockaddr *>(&local), &length) == 0 &&
+           local.sin_addr.s_addr != htonl(INADDR_ANY);
+}
+
 // What is bound to one address replies from there anyway.
-void ask_for_local_address(int socket, bool is_bound_to_one) {
-    const int wanted = is_bound_to_one ? 0 : 1;
+void ask_for_local_address(int socket) {
+    const int wanted = is_bound_to_one(socket) ? 0 : 1;
     setsockopt(socket, IPPROTO_IP, IP_PKTINFO, &wanted, sizeof wanted);
 }
 
@@ -252,7 +262,7 @@ SVCXPRT *create_transport(const char *address, std::uint16_t port, Peers peers) 
         return nullptr;
     keep_from_scripts(transport->xp_fd);
     enlarge_receive_buffer(transport->xp_fd);
-    ask_for_local_address(transport->xp_fd, address != nullptr);
+    ask_for_local_address(transport->xp_fd);
     allowed = std::move(peers);
     use_own_operations(transport);
     return transport;

@@ -107,15 +107,17 @@ TEST(StartUp, NeedsThePortmapperAndComesBackWithIt) {
               away + "[ZAV-API] Error watch_registration the portmapper is back.\n");
 }
 
-class BothForms : public testing::TestWithParam<std::vector<std::string>> {};
+class AllForms : public testing::TestWithParam<std::vector<std::string>> {};
 
-TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
+TEST_P(AllForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
     Gateway gateway(GetParam());
-    ASSERT_TRUE(gateway.answers());
-    EXPECT_EQ(read_file(gateway.path("out")), GetParam().empty()
-                                                  ? ""
-                                                  : "WLAN RPC Server IP addr 127.0.0.1\n"
-                                                    "WLAN RPC server bind successfully to 127.0.0.1\n");
+    const std::string address = GetParam().empty() ? "0.0.0.0" : GetParam()[0];
+    // The client hears only the address that it asked.
+    EXPECT_TRUE(Client(gateway.port(), address == "0.0.0.0" ? "127.0.0.9" : address.c_str()).answers());
+    EXPECT_EQ(read_file(gateway.path("out")),
+              GetParam().empty() ? ""
+                                 : "WLAN RPC Server IP addr " + address +
+                                       "\nWLAN RPC server bind successfully to " + address + "\n");
     EXPECT_EQ(read_file(gateway.path("err")), "");
     const std::string process = "/proc/" + std::to_string(gateway.daemon().id());
     for (const auto &entry : std::filesystem::directory_iterator(process + "/fdinfo")) {
@@ -127,8 +129,9 @@ TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(StartUp, BothForms,
-                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"127.0.0.1"}));
+INSTANTIATE_TEST_SUITE_P(StartUp, AllForms,
+                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"0.0.0.0"},
+                                         std::vector<std::string>{"127.0.0.1"}));
 
 // The parent leaves no standard descriptors, nobody who reads, no ends of children, no room in a file.
 TEST(StartUp, StandsWhatItInherits) {
@@ -355,6 +358,17 @@ TEST(Transport, ALostReplyComesAgainAndNothingRunsTwice) {
     EXPECT_EQ(log(), first);
     EXPECT_TRUE(gateway.exchange(header + word(9), 5000)); // the number alone is no repetition
     EXPECT_TRUE(await([&] { return log() == first + other; }));
+}
+
+// A filter lets none of 28 bytes out, and would let an error out.
+TEST(Transport, AReplyThatCannotBeSentIsLostAndNoError) {
+    Gateway gateway;
+    ASSERT_EQ(std::system(
+                  "nft 'table ip t { chain c { type filter hook output priority 0; ip length 56 drop; }; }'"),
+              0);
+    EXPECT_FALSE(gateway.exchange(call_header(set_ssid) + word(1) + xdr_text("done"), 200));
+    EXPECT_EQ(std::system("nft delete table ip t"), 0);
+    EXPECT_NE(settings(gateway).find("\nSSID1=done\n"), std::string::npos);
 }
 
 // A cut call must never be completed by what an earlier one left in the library's buffer.

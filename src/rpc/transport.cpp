@@ -7,9 +7,11 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <span>
 #include <string>
@@ -50,6 +52,7 @@ Buffer<longest_message> reply_buffer;
 ReplyCache replies;
 Peers allowed;
 bool receiving_fails = false;
+ReplyCache::Waited waited{};
 
 using TransportOps = std::remove_cvref_t<decltype(*SVCXPRT::xp_ops)>;
 TransportOps library_ops;
@@ -76,11 +79,20 @@ void keep_local_address(msghdr *header) {
     current.control_length = header->msg_controllen;
 }
 
+// To a few milliseconds, and whatever clock the machine has without a system call.
+std::chrono::nanoseconds ticks() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
 // Waits for a datagram.
 bool take_datagram(int socket) {
     iovec bytes{current.bytes.data(), current.bytes.size()};
     msghdr header = header_for(&bytes, current.control.size());
+    const auto begun = ticks();
     const ssize_t received = recvmsg(socket, &header, MSG_TRUNC);
+    waited += ticks() - begun;
     receiving_fails = received < 0 && errno != EINTR;
     if (received < 0)
         return false;
@@ -117,7 +129,7 @@ bool is_run_once(const call_body &call) {
 
 // Whether the request has been carried out before; then its reply is sent again.
 bool is_answered_again(int socket) {
-    const auto kept = replies.find(current.peer, current.whole(), ReplyCache::Clock::now());
+    const auto kept = replies.find(current.peer, current.whole(), waited);
     if (kept.empty())
         return false;
     send_datagram(socket, kept);
@@ -171,7 +183,7 @@ bool_t send_reply(SVCXPRT *transport, rpc_msg *message) {
         return FALSE;
     const auto reply = std::span<const char>(reply_buffer).first(XDR_GETPOS(&stream));
     if (current.runs_once && is_success(*message)) // before it is sent: it must not run again if that fails
-        replies.keep(current.peer, current.whole(), reply, ReplyCache::Clock::now());
+        replies.keep(current.peer, current.whole(), reply, waited);
     send_datagram(transport->xp_fd, reply);
     return TRUE;
 }

@@ -358,6 +358,11 @@ TEST(Transport, ALostReplyComesAgainAndNothingRunsTwice) {
     EXPECT_EQ(log(), first);
     EXPECT_TRUE(gateway.exchange(header + word(9), 5000)); // the number alone is no repetition
     EXPECT_TRUE(await([&] { return log() == first + other; }));
+    write_file(gateway.path("faults/script.restore_defaults.sh.delay"), "10100");
+    for (const std::string &datagram : {call_header(restore_defaults) + word(9), request})
+        gateway.exchange(datagram, 0); // the repetition is read when the other is done
+    EXPECT_TRUE(gateway.exchange(call_header(0), 20000));
+    EXPECT_EQ(log(), first + other + other);
 }
 
 // A filter lets none of 28 bytes out, and would let an error out.

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <limits>
 #include <poll.h>
 #include <spawn.h>
 #include <string>
@@ -173,20 +174,33 @@ private:
     std::size_t length_ = 0;
 };
 
-// Reads until the output ends, the command, or its time. False when it cannot be read.
+std::size_t pipe_bytes(int pipe) {
+    const int bytes = fcntl(pipe, F_GETPIPE_SZ);
+    return bytes > 0 ? static_cast<std::size_t>(bytes) : 65536;
+}
+
+// Reads until the output ends, the command, or its time. False when it cannot be read. What a command that
+// has ended wrote itself is in the pipe: behind that, one that it left in the background could go on for
+// ever.
 bool read_lines(const Shell &shell, int output, Lines *lines) {
     std::array<char, 1024> piece;
-    for (bool ended = false; Clock::now() < shell.deadline;) {
-        ended = ended || has_ended(shell); // before the read: what is there then is all of it
-        const ssize_t length = read(output, piece.data(), piece.size());
-        if (length > 0)
+    auto left = std::numeric_limits<std::size_t>::max();
+    for (bool ended = false; left > 0 && Clock::now() < shell.deadline;) {
+        if (!ended && has_ended(shell)) { // before the read: what is there then is all of it
+            ended = true;
+            left = pipe_bytes(output);
+        }
+        const ssize_t length = read(output, piece.data(), std::min(piece.size(), left));
+        if (length > 0) {
             lines->add({piece.data(), static_cast<std::size_t>(length)});
-        else if (length == 0 || (errno == EAGAIN && ended))
+            left -= ended ? static_cast<std::size_t>(length) : 0;
+        } else if (length == 0 || (errno == EAGAIN && ended)) {
             break;
-        else if (errno == EAGAIN)
+        } else if (errno == EAGAIN) {
             sleep_beside(shell, output, shell.deadline);
-        else if (errno != EINTR)
+        } else if (errno != EINTR) {
             return false;
+        }
     }
     lines->end();
     return true;

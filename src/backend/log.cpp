@@ -142,7 +142,6 @@ struct Values {
     va_list list;
 };
 
-// A value's control bytes would be lines, or a terminal's commands, of their own.
 void append_value(std::string *line, std::string_view value) {
     for (const char byte : value) {
         const auto code = static_cast<unsigned char>(byte);
@@ -209,6 +208,12 @@ std::string put_together(std::string_view beginning, const char *format, Values 
 }
 
 } // namespace
+
+std::string escaped(std::string_view value) {
+    std::string text;
+    append_value(&text, value);
+    return text;
+}
 
 bool debug_enabled() { return access(debug_flag_file, R_OK) == 0; }
 

@@ -3,6 +3,7 @@
 #include "backend/descriptor.h"
 #include "backend/line.h"
 
+#include <string>
 #include <string_view>
 
 // Debug lines go to standard output while the file /tmp/wlandbg is readable; that is asked afresh before each
@@ -14,6 +15,10 @@ bool debug_enabled();
 
 [[gnu::format(printf, 1, 2)]] void log_debug(const char *format, ...);
 [[gnu::format(printf, 1, 2)]] void log_error(const char *format, ...);
+
+// The control bytes of a value, which would be lines, or a terminal's commands, of their own, as \xNN. Debug
+// and error lines do that themselves.
+std::string escaped(std::string_view value);
 
 // A text as it is, with or without debugging, on standard output or standard error. Neither takes memory.
 void log_output(std::string_view text);

@@ -260,11 +260,11 @@ int build_rpc_sockt(const char *address, std::uint16_t port) {
     const int fd = open_socket();
     in_addr local{};
     if (inet_aton(address, &local) == 0) {
-        log_output("inet_aton failed with IPv4 " + std::string(address) + '\n');
+        log_output("inet_aton failed with IPv4 " + escaped(address) + '\n');
         std::exit(1);
     }
     bind_socket(fd, local, port);
-    log_output("WLAN RPC server bind successfully to " + std::string(address) + '\n');
+    log_output("WLAN RPC server bind successfully to " + escaped(address) + '\n');
     return fd;
 }
 

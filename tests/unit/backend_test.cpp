@@ -175,7 +175,6 @@ TEST(Shell, EndsACommandWithItsGroupAtTheDeadlineOnly) {
     EXPECT_EQ(run_command("who", "sleep 60 & echo $! >left"), success);
     EXPECT_EQ(read_command("who", "sleep 60 & echo $! >reading; printf 'a\nb'", 30s, take), success);
     EXPECT_EQ(lines, "a\nb\n") << "without the end of its output";
-    EXPECT_EQ(read_command("who", "yes & :", 30s, [](std::string_view) {}), success);
     testing::internal::CaptureStderr();
     constexpr char stubborn[] = "trap '' TERM; echo c; sleep 60 & echo $! >below; wait; sleep 60; exit 1";
     EXPECT_EQ(run_command("who", stubborn, {}, 1s), failure);

@@ -59,15 +59,15 @@ bool read_environment(Environment *ret_environment) {
         const char *end = port + std::strlen(port);
         const auto [stopped, error] = std::from_chars(port, end, ret_environment->port);
         if (error != std::errc{} || stopped != end || ret_environment->port == 0) {
-            std::fprintf(stderr, "WLAN_CONFIGD_PORT is not a port from 1 to 65535: %s\n", port);
+            log_error("WLAN_CONFIGD_PORT is not a port from 1 to 65535: %s\n", port);
             return false;
         }
     }
     std::string_view wrong;
     if (peers == nullptr || parse_peers(peers, &ret_environment->peers, &wrong))
         return true;
-    std::fprintf(stderr, "WLAN_CONFIGD_PEERS has a word that is no IPv4 address or network: '%.*s'\n",
-                 static_cast<int>(wrong.size()), wrong.data());
+    log_error("WLAN_CONFIGD_PEERS has a word that is no IPv4 address or network: '%.*s'\n",
+              static_cast<int>(wrong.size()), wrong.data());
     return false;
 }
 
@@ -117,7 +117,7 @@ int main(int argc, char **argv) {
     pmap_unset(WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION);
     const char *address = argc > 1 ? argv[1] : nullptr;
     if (address != nullptr)
-        log_output("WLAN RPC Server IP addr " + std::string(address) + '\n');
+        log_output("WLAN RPC Server IP addr " + escaped(address) + '\n');
     SVCXPRT *transport = create_transport(address, environment.port, environment.peers);
     if (transport == nullptr)
         return give_up("cannot create udp service.");

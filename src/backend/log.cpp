@@ -35,6 +35,18 @@ public:
             ++lost_;
     }
 
+    // O_NONBLOCK again, and again in a description of its own: a command that takes the flag away must not
+    // take it from the daemon, too.
+    Descriptor for_command() {
+        const std::lock_guard held(mutex);
+        look();
+        pollfd room{fd_, POLLOUT, 0};
+        if (poll(&room, 1, 0) != 1 || (room.revents & POLLOUT) == 0)
+            return Descriptor(-1);
+        const int own = can_stall_ ? open_again() : -1;
+        return Descriptor(own >= 0 ? own : fcntl(fd_, F_DUPFD_CLOEXEC, STDERR_FILENO + 1));
+    }
+
 private:
     bool end_cut_line();
 
@@ -57,8 +69,8 @@ private:
         return other.st_dev == seen_.st_dev && other.st_ino == seen_.st_ino;
     }
 
-    // O_NONBLOCK needs a description of the daemon's own: scripts and others that write there would get it
-    // too. One that could not be had, for want of descriptors or of a reader, is tried again.
+    // O_NONBLOCK needs a description of the daemon's own: others that write there would get it too. One that
+    // could not be had, for want of descriptors or of a reader, is tried again.
     void look() {
         struct stat found {};
         if (fstat(fd_, &found) != 0)
@@ -71,8 +83,10 @@ private:
             can_stall_ = S_ISFIFO(found.st_mode) || isatty(fd_) != 0;
         }
         if (must_ask())
-            own_ = open(same_, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC);
+            own_ = open_again();
     }
+
+    int open_again() const { return open(same_, O_WRONLY | O_NONBLOCK | O_NOCTTY | O_CLOEXEC); }
 
     bool must_ask() const { return can_stall_ && own_ < 0; }
 
@@ -128,7 +142,6 @@ struct Values {
     va_list list;
 };
 
-// A value's control bytes would be lines, or a terminal's commands, of their own.
 void append_value(std::string *line, std::string_view value) {
     for (const char byte : value) {
         const auto code = static_cast<unsigned char>(byte);
@@ -196,6 +209,12 @@ std::string put_together(std::string_view beginning, const char *format, Values 
 
 } // namespace
 
+std::string escaped(std::string_view value) {
+    std::string text;
+    append_value(&text, value);
+    return text;
+}
+
 bool debug_enabled() { return access(debug_flag_file, R_OK) == 0; }
 
 void log_debug(const char *format, ...) {
@@ -217,6 +236,10 @@ void log_error(const char *format, ...) {
 void log_output(std::string_view text) { standard_output.write(text); }
 
 void log_last_words(std::string_view text) { standard_error.write(text); }
+
+Descriptor output_for_command() { return standard_output.for_command(); }
+
+Descriptor errors_for_command() { return standard_error.for_command(); }
 
 void log_checked_after(const char *who, const char *rest, const char *format, ...) {
     if (!debug_enabled())

@@ -9,9 +9,11 @@
 #include <cerrno>
 #include <climits>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <fcntl.h>
 #include <memory>
+#include <string>
 #include <sys/stat.h>
 #include <unistd.h>
 
@@ -38,13 +40,30 @@ bool is_ours(const struct stat &file) {
     return S_ISREG(file.st_mode) && file.st_uid == geteuid() && file.st_nlink == 1;
 }
 
+// Also a directory with something in it: that gets a name beside its own, and stays as it is.
+bool clear_away(const char *path) {
+    if (std::remove(path) == 0)
+        return true;
+    if (errno != ENOTEMPTY && errno != EEXIST)
+        return false;
+    std::string aside = std::string(path) + ".XXXXXX";
+    if (mkdtemp(aside.data()) == nullptr)
+        return false;
+    if (std::rename(path, aside.c_str()) == 0) // in the place of the new one, which only we could have filled
+        return true;
+    const int reason = errno;
+    (void)rmdir(aside.c_str());
+    errno = reason;
+    return false;
+}
+
 } // namespace
 
 // It is made here, not by the command: what others may not remove, they cannot put a link in the place of.
 Status claim_result_file(const char *who, const char *path) {
     struct stat found {};
     const bool stands = lstat(path, &found) == 0;
-    if (!stands || is_ours(found) || std::remove(path) == 0) {
+    if (!stands || is_ours(found) || clear_away(path)) {
         errno = 0;
         const Descriptor file(open(path, O_WRONLY | O_CREAT | O_NOFOLLOW | O_NONBLOCK | O_CLOEXEC, 0644));
         if (file.valid() && fstat(file.get(), &found) == 0 && is_ours(found))

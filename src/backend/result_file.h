@@ -8,7 +8,7 @@
 // A line that begins with "usage:" is no result.
 
 // Makes sure that the command will write into a regular file of ours that has no other name, and removes
-// whatever else stands there. -1 with an error line that names `who`.
+// or renames whatever else stands there. -1 with an error line that names `who`.
 Status claim_result_file(const char *who, const char *path);
 
 // The number at the start of the first line, whole up to 2^32 - 1; -1 also for an empty line.

@@ -8,6 +8,7 @@
 #include <cerrno>
 #include <csignal>
 #include <fcntl.h>
+#include <limits>
 #include <poll.h>
 #include <spawn.h>
 #include <string>
@@ -39,10 +40,10 @@ bool set_attributes(posix_spawnattr_t *attributes) {
            posix_spawnattr_setsigdefault(attributes, &all) == 0;
 }
 
-bool set_files(posix_spawn_file_actions_t *files, int output) {
-    if (output != STDOUT_FILENO && posix_spawn_file_actions_adddup2(files, output, STDOUT_FILENO) != 0)
-        return false;
-    return posix_spawn_file_actions_addclosefrom_np(files, STDERR_FILENO + 1) == 0;
+// -1: what is written there is lost.
+bool set_file(posix_spawn_file_actions_t *files, int file, int standard) {
+    return (file < 0 ? posix_spawn_file_actions_addopen(files, standard, "/dev/null", O_WRONLY, 0)
+                     : posix_spawn_file_actions_adddup2(files, file, standard)) == 0;
 }
 
 // Not system(): that ignores SIGINT and SIGQUIT in the whole process for as long as a worker's script runs.
@@ -57,9 +58,12 @@ pid_t spawn_shell(const char *command, int output) {
     }
     std::array<char, 3> shell{"sh"}, option{"-c"};
     std::string text(command); // the words are not const
+    const Descriptor errors = errors_for_command();
     char *const words[] = {shell.data(), option.data(), text.data(), nullptr};
     pid_t child = -1;
-    if (!set_attributes(&attributes) || !set_files(&files, output) ||
+    if (!set_attributes(&attributes) || !set_file(&files, output, STDOUT_FILENO) ||
+        !set_file(&files, errors.get(), STDERR_FILENO) ||
+        posix_spawn_file_actions_addclosefrom_np(&files, STDERR_FILENO + 1) != 0 ||
         posix_spawn(&child, "/bin/sh", &files, &attributes, words, environ) != 0)
         child = -1;
     posix_spawn_file_actions_destroy(&files);
@@ -170,20 +174,33 @@ private:
     std::size_t length_ = 0;
 };
 
-// Reads until the output ends, the command, or its time. False when it cannot be read.
+std::size_t pipe_bytes(int pipe) {
+    const int bytes = fcntl(pipe, F_GETPIPE_SZ);
+    return bytes > 0 ? static_cast<std::size_t>(bytes) : 65536;
+}
+
+// Reads until the output ends, the command, or its time. False when it cannot be read. What a command that
+// has ended wrote itself is in the pipe: behind that, one that it left in the background could go on for
+// ever.
 bool read_lines(const Shell &shell, int output, Lines *lines) {
     std::array<char, 1024> piece;
-    for (bool ended = false; Clock::now() < shell.deadline;) {
-        ended = ended || has_ended(shell); // before the read: what is there then is all of it
-        const ssize_t length = read(output, piece.data(), piece.size());
-        if (length > 0)
+    auto left = std::numeric_limits<std::size_t>::max();
+    for (bool ended = false; left > 0 && Clock::now() < shell.deadline;) {
+        if (!ended && has_ended(shell)) { // before the read: what is there then is all of it
+            ended = true;
+            left = pipe_bytes(output);
+        }
+        const ssize_t length = read(output, piece.data(), std::min(piece.size(), left));
+        if (length > 0) {
             lines->add({piece.data(), static_cast<std::size_t>(length)});
-        else if (length == 0 || (errno == EAGAIN && ended))
+            left -= ended ? static_cast<std::size_t>(length) : 0;
+        } else if (length == 0 || (errno == EAGAIN && ended)) {
             break;
-        else if (errno == EAGAIN)
+        } else if (errno == EAGAIN) {
             sleep_beside(shell, output, shell.deadline);
-        else if (errno != EINTR)
+        } else if (errno != EINTR) {
             return false;
+        }
     }
     lines->end();
     return true;
@@ -194,7 +211,7 @@ bool read_lines(const Shell &shell, int output, Lines *lines) {
 Status run_command(const char *who, const char *command, std::unique_lock<std::mutex> held,
                    std::chrono::seconds deadline) {
     log_debug("[ZAV-API] %s command=%s\n", who, command);
-    const Shell shell = start_shell(command, STDOUT_FILENO, deadline);
+    const Shell shell = start_shell(command, output_for_command().get(), deadline);
     if (held)
         held.unlock();
     const int rc = finish(who, shell);
@@ -210,7 +227,8 @@ Status run_command(const char *who, const char *command, std::unique_lock<std::m
 }
 
 int run_unchecked(const char *who, const char *command, std::chrono::seconds deadline) {
-    const int rc = finish(who, start_shell(command, STDOUT_FILENO, deadline));
+    const Shell shell = start_shell(command, output_for_command().get(), deadline);
+    const int rc = finish(who, shell);
     return rc == -1 ? -1 : WEXITSTATUS(rc);
 }
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 
 std::span<const char> ReplyCache::find(const sockaddr_in &peer, std::span<const char> request,
-                                       Clock::time_point now) const {
+                                       Waited now) const {
     for (const Kept &kept : kept_)
         if (kept.request_length == request.size() && kept.peer.sin_port == peer.sin_port &&
             kept.peer.sin_addr.s_addr == peer.sin_addr.s_addr && now - kept.time < lifetime &&
@@ -13,7 +13,7 @@ std::span<const char> ReplyCache::find(const sockaddr_in &peer, std::span<const 
 }
 
 void ReplyCache::keep(const sockaddr_in &peer, std::span<const char> request, std::span<const char> reply,
-                      Clock::time_point now) {
+                      Waited now) {
     if (request.size() > longest_request || reply.size() > longest_reply)
         return;
     Kept &kept = kept_.at(oldest_);

@@ -11,7 +11,9 @@
 // number.
 class ReplyCache {
 public:
-    using Clock = std::chrono::steady_clock;
+    // What the daemon has spent waiting for requests. While it works, repetitions that have come stand behind
+    // other requests: a reply must not grow old by that.
+    using Waited = std::chrono::nanoseconds;
     // Clients send again every few seconds (the RPC library's after 5), and a reply may be lost twice.
     static constexpr std::chrono::seconds lifetime{10};
     static constexpr std::size_t most = 64;
@@ -20,16 +22,15 @@ public:
     static constexpr std::size_t longest_request = 1024, longest_reply = 512;
 
     // Empty when there is none.
-    std::span<const char> find(const sockaddr_in &peer, std::span<const char> request,
-                               Clock::time_point now) const;
+    std::span<const char> find(const sockaddr_in &peer, std::span<const char> request, Waited now) const;
     // In the place of the oldest. What is longer is not kept.
     void keep(const sockaddr_in &peer, std::span<const char> request, std::span<const char> reply,
-              Clock::time_point now);
+              Waited now);
 
 private:
     struct Kept {
         sockaddr_in peer;
-        Clock::time_point time;
+        Waited time;
         std::size_t request_length, reply_length; // zeros: none is kept here
         std::array<char, longest_request> request;
         std::array<char, longest_reply> reply;

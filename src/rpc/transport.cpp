@@ -7,9 +7,11 @@
 #include <arpa/inet.h>
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
+#include <ctime>
 #include <fcntl.h>
 #include <span>
 #include <string>
@@ -50,6 +52,7 @@ Buffer<longest_message> reply_buffer;
 ReplyCache replies;
 Peers allowed;
 bool receiving_fails = false;
+ReplyCache::Waited waited{};
 
 using TransportOps = std::remove_cvref_t<decltype(*SVCXPRT::xp_ops)>;
 TransportOps library_ops;
@@ -76,11 +79,20 @@ void keep_local_address(msghdr *header) {
     current.control_length = header->msg_controllen;
 }
 
+// To a few milliseconds, and whatever clock the machine has without a system call.
+std::chrono::nanoseconds ticks() {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
+    return std::chrono::seconds(now.tv_sec) + std::chrono::nanoseconds(now.tv_nsec);
+}
+
 // Waits for a datagram.
 bool take_datagram(int socket) {
     iovec bytes{current.bytes.data(), current.bytes.size()};
     msghdr header = header_for(&bytes, current.control.size());
+    const auto begun = ticks();
     const ssize_t received = recvmsg(socket, &header, MSG_TRUNC);
+    waited += ticks() - begun;
     receiving_fails = received < 0 && errno != EINTR;
     if (received < 0)
         return false;
@@ -90,10 +102,11 @@ bool take_datagram(int socket) {
     return true;
 }
 
-bool send_datagram(int socket, std::span<const char> datagram) {
+// What cannot be sent is lost, as it could be on its way; the client asks again.
+void send_datagram(int socket, std::span<const char> datagram) {
     iovec bytes{const_cast<char *>(datagram.data()), datagram.size()};
     const msghdr header = header_for(&bytes, current.control_length);
-    return sendmsg(socket, &header, 0) == static_cast<ssize_t>(datagram.size());
+    (void)sendmsg(socket, &header, 0);
 }
 
 bool_t refuse(const char *why) {
@@ -116,7 +129,7 @@ bool is_run_once(const call_body &call) {
 
 // Whether the request has been carried out before; then its reply is sent again.
 bool is_answered_again(int socket) {
-    const auto kept = replies.find(current.peer, current.whole(), ReplyCache::Clock::now());
+    const auto kept = replies.find(current.peer, current.whole(), waited);
     if (kept.empty())
         return false;
     send_datagram(socket, kept);
@@ -161,6 +174,7 @@ bool is_success(const rpc_msg &message) {
     return message.rm_reply.rp_stat == MSG_ACCEPTED && message.acpted_rply.ar_stat == SUCCESS;
 }
 
+// False only for a reply that does not fit: another would say that what was done has failed.
 bool_t send_reply(SVCXPRT *transport, rpc_msg *message) {
     XDR stream;
     xdrmem_create(&stream, reply_buffer.data(), static_cast<u_int>(reply_buffer.size()), XDR_ENCODE);
@@ -169,8 +183,9 @@ bool_t send_reply(SVCXPRT *transport, rpc_msg *message) {
         return FALSE;
     const auto reply = std::span<const char>(reply_buffer).first(XDR_GETPOS(&stream));
     if (current.runs_once && is_success(*message)) // before it is sent: it must not run again if that fails
-        replies.keep(current.peer, current.whole(), reply, ReplyCache::Clock::now());
-    return send_datagram(transport->xp_fd, reply) ? TRUE : FALSE;
+        replies.keep(current.peer, current.whole(), reply, waited);
+    send_datagram(transport->xp_fd, reply);
+    return TRUE;
 }
 
 void destroy(SVCXPRT *transport) {
@@ -196,9 +211,16 @@ void enlarge_receive_buffer(int socket) {
         setsockopt(socket, SOL_SOCKET, SO_RCVBUF, &size, sizeof size);
 }
 
+bool is_bound_to_one(int socket) {
+    sockaddr_in local{};
+    socklen_t length = sizeof local;
+    return getsockname(socket, reinterpret_cast<sockaddr *>(&local), &length) == 0 &&
+           local.sin_addr.s_addr != htonl(INADDR_ANY);
+}
+
 // What is bound to one address replies from there anyway.
-void ask_for_local_address(int socket, bool is_bound_to_one) {
-    const int wanted = is_bound_to_one ? 0 : 1;
+void ask_for_local_address(int socket) {
+    const int wanted = is_bound_to_one(socket) ? 0 : 1;
     setsockopt(socket, IPPROTO_IP, IP_PKTINFO, &wanted, sizeof wanted);
 }
 
@@ -238,11 +260,11 @@ int build_rpc_sockt(const char *address, std::uint16_t port) {
     const int fd = open_socket();
     in_addr local{};
     if (inet_aton(address, &local) == 0) {
-        log_output("inet_aton failed with IPv4 " + std::string(address) + '\n');
+        log_output("inet_aton failed with IPv4 " + escaped(address) + '\n');
         std::exit(1);
     }
     bind_socket(fd, local, port);
-    log_output("WLAN RPC server bind successfully to " + std::string(address) + '\n');
+    log_output("WLAN RPC server bind successfully to " + escaped(address) + '\n');
     return fd;
 }
 
@@ -252,7 +274,7 @@ SVCXPRT *create_transport(const char *address, std::uint16_t port, Peers peers) 
         return nullptr;
     keep_from_scripts(transport->xp_fd);
     enlarge_receive_buffer(transport->xp_fd);
-    ask_for_local_address(transport->xp_fd, address != nullptr);
+    ask_for_local_address(transport->xp_fd);
     allowed = std::move(peers);
     use_own_operations(transport);
     return transport;

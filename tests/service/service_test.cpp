@@ -53,9 +53,10 @@ TEST(StartUp, HelpAndVersionLeaveTheRunningDaemonRegistered) {
 }
 
 TEST(StartUp, RefusesWhatItCannotBind) {
-    const Outcome no_address = run("wlan-configd", {"999.1.1.1", "ignored"});
+    const Outcome no_address = run("wlan-configd", {"999.1.1\n1", "ignored"});
     EXPECT_EQ(no_address.status, 1);
-    EXPECT_EQ(no_address.out, "WLAN RPC Server IP addr 999.1.1.1\ninet_aton failed with IPv4 999.1.1.1\n");
+    EXPECT_EQ(no_address.out,
+              "WLAN RPC Server IP addr 999.1.1\\x0A1\ninet_aton failed with IPv4 999.1.1\\x0A1\n");
     EXPECT_EQ(no_address.err, "");
     const Outcome not_local = run("wlan-configd", {"192.0.2.1"});
     EXPECT_EQ(not_local.status, 1);
@@ -78,7 +79,7 @@ TEST(StartUp, RefusesAnEnvironmentThatIsWrongBeforeItUnregisters) {
     for (const auto &[variable, message] : {std::pair{"WLAN_CONFIGD_PORT=", port},
                                             {"WLAN_CONFIGD_PORT=0", port + "0"},
                                             {"WLAN_CONFIGD_PORT=65536", port + "65536"},
-                                            {"WLAN_CONFIGD_PORT=70x", port + "70x"},
+                                            {"WLAN_CONFIGD_PORT=70\t", port + "70\\x09"},
                                             {"WLAN_CONFIGD_PEERS=10.0.0.1,lan", peers + "'lan'"}}) {
         const Outcome ended = run("wlan-configd", {"127.0.0.1"}, {variable});
         EXPECT_EQ(ended.status, 1);
@@ -107,15 +108,17 @@ TEST(StartUp, NeedsThePortmapperAndComesBackWithIt) {
               away + "[ZAV-API] Error watch_registration the portmapper is back.\n");
 }
 
-class BothForms : public testing::TestWithParam<std::vector<std::string>> {};
+class AllForms : public testing::TestWithParam<std::vector<std::string>> {};
 
-TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
+TEST_P(AllForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
     Gateway gateway(GetParam());
-    ASSERT_TRUE(gateway.answers());
-    EXPECT_EQ(read_file(gateway.path("out")), GetParam().empty()
-                                                  ? ""
-                                                  : "WLAN RPC Server IP addr 127.0.0.1\n"
-                                                    "WLAN RPC server bind successfully to 127.0.0.1\n");
+    const std::string address = GetParam().empty() ? "0.0.0.0" : GetParam()[0];
+    // The client hears only the address that it asked.
+    EXPECT_TRUE(Client(gateway.port(), address == "0.0.0.0" ? "127.0.0.9" : address.c_str()).answers());
+    EXPECT_EQ(read_file(gateway.path("out")),
+              GetParam().empty() ? ""
+                                 : "WLAN RPC Server IP addr " + address +
+                                       "\nWLAN RPC server bind successfully to " + address + "\n");
     EXPECT_EQ(read_file(gateway.path("err")), "");
     const std::string process = "/proc/" + std::to_string(gateway.daemon().id());
     for (const auto &entry : std::filesystem::directory_iterator(process + "/fdinfo")) {
@@ -127,8 +130,9 @@ TEST_P(BothForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(StartUp, BothForms,
-                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"127.0.0.1"}));
+INSTANTIATE_TEST_SUITE_P(StartUp, AllForms,
+                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"0.0.0.0"},
+                                         std::vector<std::string>{"127.0.0.1"}));
 
 // The parent leaves no standard descriptors, nobody who reads, no ends of children, no room in a file.
 TEST(StartUp, StandsWhatItInherits) {
@@ -233,10 +237,19 @@ TEST(Debug, LinesComeAndGoWithTheFile) {
     EXPECT_EQ(read_file(gateway.path("out")), spoken);
 }
 
+// What fails where a write fails, and prints more than a pipe takes.
+std::string printing_scripts() {
+    std::filesystem::create_directory("/tmp/printing");
+    write_file("/tmp/printing/restore_defaults.sh", "echo said && echo said >&2 || exit 1\n"
+                                                    "head -c 100000 /dev/zero | tee /dev/stderr; exit 0\n");
+    std::filesystem::permissions("/tmp/printing/restore_defaults.sh", std::filesystem::perms::all);
+    return "zav_install_dir=/tmp/printing";
+}
+
 TEST(Debug, AReaderThatStallsLosesLines) {
     mkfifo("/tmp/stalled", 0600);
     const int reader = open("/tmp/stalled", O_RDONLY | O_NONBLOCK | O_CLOEXEC);
-    Gateway gateway({"127.0.0.1"}, {}, "", "/tmp/stalled");
+    Gateway gateway({"127.0.0.1"}, {printing_scripts()}, "", "/tmp/stalled");
     const auto lines_of_calls = [&](int calls, std::uint32_t procedure = get_ssid) {
         for (; calls > 0 && !HasFailure(); --calls)
             EXPECT_TRUE(gateway.call(procedure, word(1)).has_value());
@@ -256,16 +269,19 @@ TEST(Debug, AReaderThatStallsLosesLines) {
     EXPECT_TRUE(first.ends_with('\n'));
     EXPECT_EQ(count(then), lines + 1);
     EXPECT_LT(count(lines_of_calls(3000, scan_status)), 3000) << "lines that come without debugging";
+    for (const char *output : {"that fills up", "full"})
+        EXPECT_EQ(gateway.call(restore_defaults, word(1)), word(0)) << output;
 }
 
 TEST(Debug, ATerminalThatStallsLosesLines) {
     const int terminal = posix_openpt(O_RDWR | O_NOCTTY | O_NONBLOCK | O_CLOEXEC);
     ASSERT_EQ(grantpt(terminal) + unlockpt(terminal), 0);
-    Gateway gateway({"127.0.0.1"}, {}, "exec \"$@\" 2>&1", ptsname(terminal));
+    Gateway gateway({"127.0.0.1"}, {printing_scripts()}, "exec \"$@\" 2>&1", ptsname(terminal));
     write_file("/tmp/wlandbg", "");
     for (int call = 0; call < 2000; ++call)
         ASSERT_TRUE(gateway.call(get_ssid, word(1))) << call;
     std::filesystem::remove("/tmp/wlandbg");
+    EXPECT_EQ(gateway.call(restore_defaults, word(1)), word(0));
     std::string text;
     EXPECT_TRUE(await([&] {
         std::array<char, 4096> piece;
@@ -343,6 +359,22 @@ TEST(Transport, ALostReplyComesAgainAndNothingRunsTwice) {
     EXPECT_EQ(log(), first);
     EXPECT_TRUE(gateway.exchange(header + word(9), 5000)); // the number alone is no repetition
     EXPECT_TRUE(await([&] { return log() == first + other; }));
+    write_file(gateway.path("faults/script.restore_defaults.sh.delay"), "10100");
+    for (const std::string &datagram : {call_header(restore_defaults) + word(9), request})
+        gateway.exchange(datagram, 0); // the repetition is read when the other is done
+    EXPECT_TRUE(gateway.exchange(call_header(0), 20000));
+    EXPECT_EQ(log(), first + other + other);
+}
+
+// A filter lets none of 28 bytes out, and would let an error out.
+TEST(Transport, AReplyThatCannotBeSentIsLostAndNoError) {
+    Gateway gateway;
+    ASSERT_EQ(std::system(
+                  "nft 'table ip t { chain c { type filter hook output priority 0; ip length 56 drop; }; }'"),
+              0);
+    EXPECT_FALSE(gateway.exchange(call_header(set_ssid) + word(1) + xdr_text("done"), 200));
+    EXPECT_EQ(std::system("nft delete table ip t"), 0);
+    EXPECT_NE(settings(gateway).find("\nSSID1=done\n"), std::string::npos);
 }
 
 // A cut call must never be completed by what an earlier one left in the library's buffer.
@@ -355,7 +387,7 @@ TEST(Hostile, NoTruncationSucceedsOrTellsASecret) {
     const std::size_t spoken = read_file(gateway.path("out")).size();
     for (const std::string &call :
          {call_header(set_ssid) + word(1) + xdr_text(secret), call_header(get_ssid) + word(1)}) {
-        for (std::size_t length = 0; length < call.size(); length += 4) {
+        for (std::size_t length = 0; length < call.size(); ++length) {
             SCOPED_TRACE(length);
             gateway.call(get_ssid, word(2)); // the reply brings the secret back into the buffer
             const auto reply =

@@ -167,10 +167,10 @@ TEST(BasicStats, NeedAKnownKeyAndThePlatformsTools) {
         ASSERT_EQ(std::system(("cd /tmp; rm -rf ByteSent; echo kept >victim; " + plant).c_str()), 0);
         EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesSent", &value), failure);
         EXPECT_EQ(std::system("grep -q kept /tmp/victim"), 0) << plant;
-        EXPECT_EQ(std::filesystem::is_regular_file("/tmp/ByteSent"), !plant.ends_with("stays")) << plant;
+        EXPECT_TRUE(std::filesystem::is_regular_file("/tmp/ByteSent")) << plant;
     }
 
-    ASSERT_EQ(std::system("rm -r /tmp/ByteSent"), 0);
+    ASSERT_EQ(std::system("rm /tmp/ByteSent && grep -q kept /tmp/ByteSent.*/stays"), 0);
     ASSERT_EQ(setenv("PATH", "/nowhere", 1), 0);
     testing::internal::CaptureStderr();
     EXPECT_EQ(ZAV_GetBasicStats(1, "wlan_totalBytesSent", &value), failure);

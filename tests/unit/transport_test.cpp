@@ -18,7 +18,7 @@ sockaddr_in peer(const char *address, std::uint16_t port) {
 }
 
 struct Replies : testing::Test {
-    std::string find(const sockaddr_in &from, const std::string &request, ReplyCache::Clock::duration later) {
+    std::string find(const sockaddr_in &from, const std::string &request, ReplyCache::Waited later) {
         const auto found = cache->find(from, request, start + later);
         return {found.begin(), found.end()};
     }
@@ -26,7 +26,7 @@ struct Replies : testing::Test {
         cache->keep(client, request, reply, start);
     }
     const sockaddr_in client = peer("10.0.0.1", 700);
-    const ReplyCache::Clock::time_point start = ReplyCache::Clock::now();
+    const ReplyCache::Waited start = 1h;
     const std::unique_ptr<ReplyCache> cache = std::make_unique<ReplyCache>();
 };
 

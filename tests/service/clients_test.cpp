@@ -202,7 +202,10 @@ TEST(Wlanctl, ChecksValuesBeforeTheyAreSent) {
         {{"set", "transmit_power", "1", "101"}, 2, "", "highest: 0 to 100 %" + sent},
         {{"set", "radius_server_address", "1", "999.0.0.1"}, 2, "", "no host names, no IPv6" + sent},
         {{"set", "ssid", "1", std::string(33, 'x')}, 2, "", ": 1 to 32 bytes" + sent},
-        {{"set", "transmit_power", "1", "101", "--force"}, 0, "in force\n", ""},
+        {{"set", "transmit_power", "1", "101", "--force"},
+         0,
+         "stored; acts when the driver comes up (wlanctl up)\n",
+         ""},
         {{"set", "radius_server_address", "1", "999.0.0", "--force"}, 1, "", "(-1)\n"},
     });
     EXPECT_EQ(WEXITSTATUS(std::system(": | " BINARY_DIR "/bin/wlanctl set ssid 1 - 2>/tmp/err")), 2);

@@ -21,7 +21,8 @@ using namespace std::chrono_literals;
 
 constexpr std::uint32_t load = 1, init = 2, reset = 3, get_status = 11, set_channel = 17, get_ssid = 21,
                         set_ssid = 22, get_basic_stats = 56, get_stats = 57, add_to_access_list = 110,
-                        stations = 221, restart = 207, scan = 219, scan_status = 223, set_wps_uuid = 121;
+                        stations = 221, restart = 207, scan = 219, scan_status = 223, set_wps_uuid = 121,
+                        set_wep_key = 61, set_guard_interval = 151, set_reauth_interval = 163;
 const std::string in_progress = word(3);
 
 const struct Request {
@@ -34,6 +35,9 @@ const struct Request {
     {"set_channel", set_channel, word(1) + word(11), true},
     {"access list", add_to_access_list, word(1) + xdr_text("02:00:00:00:00:01") + xdr_text("tv"), true},
     {"set_wps_uuid", set_wps_uuid, word(1) + xdr_text("00112233-4455-6677-8899-aabbccddeeff"), true},
+    {"set_wep_key", set_wep_key, word(1) + word(1) + xdr_text("abcde"), true},
+    {"set_guard_interval", set_guard_interval, word(1) + word(1), true},
+    {"set_wpa_reauth_interval", set_reauth_interval, word(1) + word(1234), true},
     {"get_ssid", get_ssid, word(1)},
     {"get_status", get_status, word(1)},
     {"get_basic_stats", get_basic_stats, word(1)},

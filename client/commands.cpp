@@ -46,8 +46,6 @@ Error prepare(Context &context, const std::string &prefix, const Words &words, P
 // A setter that does nothing is none.
 bool only_reads(const Procedure &procedure) { return procedure.name.starts_with("wlan_get_"); }
 
-constexpr std::string_view at_restart = "at the next restart";
-
 bool acts_at_restart(const Procedure &procedure) {
     return procedure.name.starts_with("wlan_set_") && procedure.result == Result::code &&
            knowledge_of(procedure).effect == at_restart;
@@ -97,7 +95,7 @@ Acts when_it_acts(Context &context, const Procedure &procedure, const Answer &an
     const bool stored = answer.code == code_done || (answer.code == code_unchanged && to_restart);
     if (!procedure.name.starts_with("wlan_set_") || procedure.result != Result::code || !stored)
         return {};
-    if (when == "at the next load")
+    if (when == at_load)
         return {when, "wlanctl down, wlanctl up"};
     if (when != at_restart)
         return when == "none" ? Acts{} : acts_now(context, known);

@@ -200,9 +200,9 @@ std::string indented(std::string_view lines) {
 
 std::string when_it_acts(const Knowledge &known) {
     const std::string_view effect = known.effect;
-    if (effect == "at the next restart")
+    if (effect == at_restart)
         return "at the next restart of the radio: wlanctl restart INDEX";
-    if (effect == "at the next load")
+    if (effect == at_load)
         return "when the driver is loaded the next time: wlanctl down, wlanctl up";
     return effect == "none" ? "" : std::string{effect};
 }
@@ -215,9 +215,11 @@ std::string look_of(const Procedure &procedure, const Values &arguments) {
     if (words.empty())
         return "no command shows whether it was done";
     const auto place = words.find(placeholder);
-    for (std::size_t i = 0; i < arguments.list.size() && place != words.npos; ++i)
-        if (is_interface_index(procedure.arguments.fields.at(i)))
-            words.replace(place, placeholder.size(), fmt::format("{}", arguments.list[i].number));
+    const auto *const index =
+        std::find_if(procedure.arguments.begin(), procedure.arguments.end(), is_interface_index);
+    const auto at = static_cast<std::size_t>(index - procedure.arguments.begin());
+    if (place != words.npos && at < arguments.list.size())
+        words.replace(place, placeholder.size(), fmt::format("{}", arguments.list[at].number));
     return fmt::format("look with: wlanctl {}", words);
 }
 

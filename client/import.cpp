@@ -12,8 +12,6 @@
 
 namespace {
 
-constexpr std::string_view at_restart = "at the next restart", at_load = "at the next load";
-
 std::string place_name(const Context &context, const Item &item) {
     return item.index == 0 ? "gateway" : name_of(context.gateway, item.index);
 }

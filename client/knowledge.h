@@ -33,6 +33,9 @@ struct Field {
     std::span<const Field> fields; // of a record, or of each record of a table
 };
 
+// When a change acts: one of these, "at once" or "none".
+inline constexpr std::string_view at_restart = "at the next restart", at_load = "at the next load";
+
 struct NamedValue {
     const char *value, *meaning;
     bool answered_only; // the setter refuses it

@@ -1,6 +1,7 @@
 #include "client/restart.h"
 
 #include "client/exchange.h"
+#include "client/knowledge.h"
 #include "client/lookup.h"
 #include "client/machine.h"
 #include "client/waiting.h"
@@ -152,7 +153,7 @@ Restart restart_of(const Gateway &gateway, std::int64_t index) {
 }
 
 Acts make_act(Context &context, const Restart &restart) {
-    Acts acts{"at the next restart", restart.command};
+    Acts acts{std::string(at_restart), restart.command};
     bool is_up = false;
     {
         Waiting waiting(context.connection, "restarting");

@@ -72,7 +72,10 @@ bool look_for_socket(unsigned port, bool *ret_found) {
 // and putting in nothing is missing: so it is asked twice.
 bool is_registered() {
     unsigned port = 0;
-    if (!ask_portmapper(&port) || port != 0)
+    bool answers = ask_portmapper(&port);
+    if (!answers) // one datagram may be lost
+        answers = ask_portmapper(&port);
+    if (!answers || port != 0)
         return port != 0;
     std::this_thread::sleep_for(start_of_another);
     if (!ask_portmapper(&port) || port != 0)

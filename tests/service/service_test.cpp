@@ -108,19 +108,8 @@ TEST(StartUp, NeedsThePortmapperAndComesBackWithIt) {
               away + "[ZAV-API] Error watch_registration the portmapper is back.\n");
 }
 
-class AllForms : public testing::TestWithParam<std::vector<std::string>> {};
-
-TEST_P(AllForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
-    Gateway gateway(GetParam());
-    const std::string address = GetParam().empty() ? "0.0.0.0" : GetParam()[0];
-    // The client hears only the address that it asked.
-    EXPECT_TRUE(Client(gateway.port(), address == "0.0.0.0" ? "127.0.0.9" : address.c_str()).answers());
-    EXPECT_EQ(read_file(gateway.path("out")),
-              GetParam().empty() ? ""
-                                 : "WLAN RPC Server IP addr " + address +
-                                       "\nWLAN RPC server bind successfully to " + address + "\n");
-    EXPECT_EQ(read_file(gateway.path("err")), "");
-    const std::string process = "/proc/" + std::to_string(gateway.daemon().id());
+void check_descriptors(pid_t daemon) {
+    const std::string process = "/proc/" + std::to_string(daemon);
     for (const auto &entry : std::filesystem::directory_iterator(process + "/fdinfo")) {
         if (std::stoi(entry.path().filename()) <= 2)
             continue;
@@ -130,9 +119,19 @@ TEST_P(AllForms, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
     }
 }
 
-INSTANTIATE_TEST_SUITE_P(StartUp, AllForms,
-                         testing::Values(std::vector<std::string>{}, std::vector<std::string>{"0.0.0.0"},
-                                         std::vector<std::string>{"127.0.0.1"}));
+TEST(StartUp, AnswersQuietlyAndKeepsItsDescriptorsFromScripts) {
+    for (const std::string form : {"", "0.0.0.0", "127.0.0.1"}) {
+        Gateway gateway(form.empty() ? std::vector<std::string>{} : std::vector{form});
+        // The client hears only the address that it asked.
+        EXPECT_TRUE(Client(gateway.port(), form == "127.0.0.1" ? "127.0.0.1" : "127.0.0.9").answers());
+        std::string told;
+        for (const char *line : {"WLAN RPC Server IP addr ", "WLAN RPC server bind successfully to "})
+            told.append(form.empty() ? "" : line + form + '\n');
+        EXPECT_EQ(read_file(gateway.path("out")), told);
+        EXPECT_EQ(read_file(gateway.path("err")), "");
+        check_descriptors(gateway.daemon().id());
+    }
+}
 
 // The parent leaves no standard descriptors, nobody who reads, no ends of children, no room in a file.
 TEST(StartUp, StandsWhatItInherits) {
@@ -176,10 +175,7 @@ TEST(StartUp, TheSecondOfTwoIsTheOneThatClientsFind) {
     write_file(first.path("sleep_ms"), "20");
     std::this_thread::sleep_for(std::chrono::milliseconds(200));
     kill(first.daemon().id(), SIGKILL);
-    EXPECT_EQ(
-        std::system("for i in 1 2 3 4 5 6 7 8 9; do rpcinfo -u 127.0.0.1 538054928 1 && exit; sleep 0.1; "
-                    "done >/dev/null 2>&1; exit 1"),
-        0);
+    EXPECT_TRUE(await([] { return std::system("rpcinfo -u 127.0.0.1 538054928 1 >/dev/null 2>&1") == 0; }));
 }
 
 // The name of a file, and one that is none.
@@ -392,10 +388,7 @@ TEST(Hostile, NoTruncationSucceedsOrTellsASecret) {
             gateway.call(get_ssid, word(2)); // the reply brings the secret back into the buffer
             const auto reply =
                 gateway.exchange(std::string_view(call).substr(0, length), length < 40 ? 20 : 5000);
-            EXPECT_EQ(reply.has_value(), length >= 40);
-            if (reply) {
-                EXPECT_EQ(reply->substr(20), word(garbage_arguments));
-            }
+            EXPECT_EQ(reply ? reply->substr(20) : "none", length < 40 ? "none" : word(garbage_arguments));
         }
     }
     std::filesystem::remove("/tmp/wlandbg");

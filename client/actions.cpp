@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 

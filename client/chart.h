@@ -3,6 +3,7 @@
 #include "client/terminal.h"
 
 #include <cstdint>
+#include <nlohmann/json.hpp>
 #include <string>
 
 // A picture of a band in text: the channels across, the signal up, a letter for each neighbour on the channel

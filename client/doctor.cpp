@@ -13,6 +13,7 @@
 #include <cstring>
 #include <fmt/format.h>
 #include <fmt/ranges.h>
+#include <nlohmann/json.hpp>
 #include <set>
 #include <unistd.h>
 

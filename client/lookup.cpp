@@ -11,6 +11,7 @@
 #include <cctype>
 #include <fmt/format.h>
 #include <net/if.h>
+#include <nlohmann/json.hpp>
 #include <numeric>
 
 namespace {

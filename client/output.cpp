@@ -8,6 +8,7 @@
 #include <algorithm>
 #include <cctype>
 #include <fmt/format.h>
+#include <nlohmann/json.hpp>
 
 namespace {
 

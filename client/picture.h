@@ -3,6 +3,7 @@
 #include "client/output.h"
 #include "client/table.h"
 
+#include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
 

@@ -5,6 +5,7 @@
 
 #include <cstdint>
 #include <map>
+#include <nlohmann/json.hpp>
 #include <string_view>
 #include <tuple>
 #include <vector>

@@ -2,7 +2,7 @@
 
 #include <cstdio>
 #include <ctime>
-#include <nlohmann/json.hpp>
+#include <nlohmann/json_fwd.hpp>
 #include <string>
 #include <string_view>
 #include <vector>

@@ -10,11 +10,10 @@
 #include <array>
 #include <chrono>
 #include <cstdio>
-#include <fstream>
+#include <memory>
 #include <rpc/pmap_clnt.h>
 #include <rpc/pmap_prot.h>
 #include <rpc/rpc.h>
-#include <string>
 #include <sys/socket.h>
 #include <sys/time.h>
 #include <thread>
@@ -56,16 +55,19 @@ bool ask_portmapper(unsigned *ret_port) {
 }
 
 // Whether a socket of this machine has the UDP port; false when the system does not tell. To bind one would
-// take the port from a daemon that is starting.
+// take the port from a daemon that is starting. Without streams, which would double the daemon's size.
 bool look_for_socket(unsigned port, bool *ret_found) {
-    std::ifstream sockets("/proc/net/udp"); // slot, local address and port, and more
-    std::array<char, 12> end;
-    std::snprintf(end.data(), end.size(), ":%04X", port);
-    std::string slot, local;
-    while (sockets >> slot >> local && !local.ends_with(end.data()))
-        std::getline(sockets, slot);
-    *ret_found = local.ends_with(end.data());
-    return !local.empty(); // there is a head line at least
+    const std::unique_ptr<FILE, int (*)(FILE *)> sockets(std::fopen("/proc/net/udp", "re"), std::fclose);
+    std::array<char, 256> line{}; // slot, local address and port, and more
+    *ret_found = false;
+    bool any = false; // there is a head line at least
+    while (!*ret_found && sockets != nullptr &&
+           std::fgets(line.data(), static_cast<int>(line.size()), sockets.get()) != nullptr) {
+        unsigned local = 0;
+        any = true;
+        *ret_found = std::sscanf(line.data(), " %*u: %*x:%x", &local) == 1 && local == port;
+    }
+    return any;
 }
 
 // Another port than the daemon's own is another daemon's, which has taken over. Between a start's taking out

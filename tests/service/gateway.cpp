@@ -89,6 +89,13 @@ std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std:
     return reply + xdr_text(data);
 }
 
+long Process::threads_asleep() const {
+    const std::filesystem::directory_iterator threads("/proc/" + std::to_string(id_) + "/task");
+    return std::count_if(begin(threads), end(threads), [](const auto &thread) {
+        return read_file(thread.path() / "stat").find(") S ") != std::string::npos;
+    });
+}
+
 bool await(const std::function<bool()> &come_true, std::chrono::seconds patience) {
     using Clock = std::chrono::steady_clock;
     for (const auto end = Clock::now() + patience; Clock::now() < end; std::this_thread::sleep_for(5ms))

@@ -25,6 +25,8 @@ public:
     pid_t id() const { return id_; }
     // The wait status, once it has ended.
     std::optional<int> ended(std::chrono::milliseconds patience = std::chrono::seconds(10));
+    // How many of its threads wait for something.
+    long threads_asleep() const;
 
 private:
     pid_t id_;

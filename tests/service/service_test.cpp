@@ -154,11 +154,13 @@ TEST(StartUp, StandsWhatItInherits) {
     }
 }
 
-// With a path of this length the first look at the settings needs more than the heap has left.
+// With a path of this length the first look at the settings needs more than the heap has left. The simulation
+// needs some, too, where the thread for the registration begins to sleep.
 TEST(StartUp, EndsWhenThereIsNoMemory) {
     if (may_grow > 50)
         GTEST_SKIP() << "a sanitizer needs address space itself";
     Gateway gateway({"127.0.0.1"}, {"zav_cfg_dir=/" + std::string(120'000, 'x')});
+    ASSERT_TRUE(await([&] { return gateway.daemon().threads_asleep() == 2; }));
     const rlimit tight{4096, 4096};
     ASSERT_EQ(prlimit(gateway.daemon().id(), RLIMIT_AS, &tight, nullptr), 0);
     gateway.call(get_ssid, word(1), nullptr, 200);

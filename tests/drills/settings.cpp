@@ -89,6 +89,7 @@ static Status set(std::size_t to) {
     return nvram_set_pair(settings_24g, {"A", steps[to].c_str()}, {"B", steps[to].c_str()});
 }
 static void begin(const std::string &text, const std::string &journal) {
+    calls.clear(); // or each child frees them all
     write_file(file_24g, text);
     write_file(journal_file, journal);
 }

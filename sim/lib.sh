@@ -6,7 +6,13 @@
 # event KIND NAME ARGUMENT...: tells the log and carries out the fault that is set for it. A fault is named
 # after the first words of the event, at most four, the most specific one first: script.zv_host.sh.load.24g
 event() {
-    printf '%s\n' "$(printf '%s' "$*" | LC_ALL=C tr -c ' -~' '?')" >>"$ZAV_SIM_DIR/log"
+    line=$*
+    case $line in *[!\ -~]*) line=$(printf '%s' "$line" | LC_ALL=C tr -c ' -~' '?') ;; esac
+    printf '%s\n' "$line" >>"$ZAV_SIM_DIR/log"
+    for any in "$ZAV_SIM_DIR"/faults/*; do
+        [ -e "$any" ] || return 0
+        break
+    done
     fault_name=
     fault_names=
     for word in "$1" "${2-}" "${3-}" "${4-}"; do
@@ -55,10 +61,13 @@ interface() { # BAND NUMBER, from 0
     esac
 }
 
-setting() { # BAND KEY
+settings_of() { # BAND
     case $1 in
-    24g) settings=$ZAV_SIM_DIR/settings/ZAV75024g.dat ;;
-    *) settings=$ZAV_SIM_DIR/settings/ZAV750.dat ;;
+    24g) echo "$ZAV_SIM_DIR/settings/ZAV75024g.dat" ;;
+    *) echo "$ZAV_SIM_DIR/settings/ZAV750.dat" ;;
     esac
-    sed -n "1d; s/^$2=//p" "$settings" | head -n 1
+}
+
+setting() { # BAND KEY
+    sed -n "1d; s/^$2=//p" "$(settings_of "$1")" | head -n 1
 }

@@ -9,39 +9,42 @@ present() { # BAND
     [ -e "$ZAV_SIM_DIR/interfaces/$(interface "$1" 0)" ]
 }
 
-# Tells the simulated driver what the settings of the band say now.
+# Tells the simulated driver what the settings of the band say now: by one program, for a start of each takes its time.
 apply() { # BAND
-    channel=$(setting "$1" Channel)
-    case $1:$channel in
-    24g:0) channel=6 ;;
-    5g:0) channel=36 ;;
-    esac
-    printf '\t%s\n' "$channel" >"$ZAV_SIM_DIR/$1/show/Channel"
-    for_each_bss "$1" apply_bss
+    count_bsses "$1"
+    LC_ALL=C band=$1 interface=$(interface "$1" '') count=$count awk '
+        NR > 1 && (at = index($0, "=")) && !((key = substr($0, 1, at - 1)) in value) { value[key] = substr($0, at + 1) }
+        END {
+            shown = ENVIRON["ZAV_SIM_DIR"] "/" ENVIRON["band"] "/show/"
+            channel = value["Channel"]
+            print "\t" (channel != "0" ? channel : ENVIRON["band"] == "24g" ? 6 : 36) >(shown "Channel")
+            split(value["BssEnabled"], enabled, ";")
+            for (number = 0; number < ENVIRON["count"]; number++) {
+                name = ENVIRON["interface"] number
+                state = ENVIRON["ZAV_SIM_DIR"] "/interfaces/" name
+                if ((getline line <state) < 0)
+                    continue # removed by a stop meanwhile
+                close(state)
+                key = "SSID" number + 1
+                printf "%s", key in value ? value[key] "\n" : "" >(shown "SSID." name)
+                # The first interface carries the radio, so it is up whatever its own setting says.
+                print (number == 0 || enabled[number + 1] == "1" ? "up" : "down") >state
+                close(state)
+            }
+        }' "$(settings_of "$1")"
 }
 
-apply_bss() { # BAND INTERFACE NUMBER
-    [ -e "$ZAV_SIM_DIR/interfaces/$2" ] || return 0 # removed by a stop meanwhile
-    setting "$1" "SSID$(($3 + 1))" >"$ZAV_SIM_DIR/$1/show/SSID.$2"
-    enabled=$(setting "$1" BssEnabled | cut -d ';' -f "$(($3 + 1))")
-    # The first interface carries the radio, so it is up whatever its own setting says.
-    if [ "$3" = 0 ] || [ "$enabled" = 1 ]; then
-        echo up >"$ZAV_SIM_DIR/interfaces/$2"
-    else
-        echo down >"$ZAV_SIM_DIR/interfaces/$2"
-    fi
-}
-
-create_bss() { # BAND INTERFACE NUMBER
-    echo down >"$ZAV_SIM_DIR/interfaces/$2"
-}
-
-for_each_bss() { # BAND FUNCTION
+count_bsses() { # BAND
     count=$(setting "$1" BssidNum)
     case $count in '' | *[!0-9]* | ???*) die "no BSS count for $1" ;; esac
+}
+
+create_bsses() { # BAND
+    count_bsses "$1"
+    first=$(interface "$1" '')
     number=0
     while [ "$number" -lt "$count" ]; do
-        "$2" "$1" "$(interface "$1" "$number")" "$number"
+        echo down >"$ZAV_SIM_DIR/interfaces/$first$number"
         number=$((number + 1))
     done
 }
@@ -53,7 +56,7 @@ chosen=$(bands "${2-}") || die "usage: zv_host.sh VERB dual|24g|5g"
 case $verb in
 load)
     [ -e /tmp/ZAV750vlan.dat ] || cp "${0%/*}/../factory/ZAV750vlan.dat" /tmp/ZAV750vlan.dat || exit 1
-    for band in $chosen; do for_each_bss "$band" create_bss; done
+    for band in $chosen; do create_bsses "$band"; done
     ;;
 init | restart_interfaces)
     for band in $chosen; do

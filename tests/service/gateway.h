@@ -50,7 +50,7 @@ std::string xdr_text(std::string_view bytes);
 std::string data_reply(int code, const std::vector<std::uint32_t> &numbers, std::string_view data);
 
 // Whether it comes true in time.
-bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(20));
+bool await(const std::function<bool()> &come_true, std::chrono::seconds patience = std::chrono::seconds(60));
 
 // A socket of its own; several at once are several clients.
 class Client {

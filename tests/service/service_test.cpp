@@ -154,8 +154,7 @@ TEST(StartUp, StandsWhatItInherits) {
     }
 }
 
-// With a path of this length the first look at the settings needs more than the heap has left. The simulation
-// needs some, too, where the thread for the registration begins to sleep.
+// A path so long needs more than the heap has left; so does the simulation, where a thread first sleeps.
 TEST(StartUp, EndsWhenThereIsNoMemory) {
     if (may_grow > 50)
         GTEST_SKIP() << "a sanitizer needs address space itself";

@@ -14,7 +14,7 @@
 
 namespace {
 
-constexpr Seconds short_patience{1};
+constexpr Seconds probe_patience{1};
 
 Error locate(Connection &connection) {
     sockaddr_in address{};
@@ -87,7 +87,7 @@ void call_once(const Connection &connection, std::span<Question> questions,
                  procedure.result == Result::code ? message(results[i].return_code) : message(results[i]),
                  resends_after(procedure, daemon.timeout)});
     }
-    exchange(daemon, exchanges);
+    exchange_all(daemon, exchanges);
     auto exchanged = exchanges.begin();
     for (std::size_t i = 0; i < questions.size(); ++i) {
         Question &question = questions[i];
@@ -128,8 +128,8 @@ Error ask_portmapper(const Connection &connection, sockaddr_in &ret_address) {
     portmapper.address.sin_port = htons(PMAPPORT);
     unsigned question[] = {WLAN_CONFIG_RPC_PROG, WLAN_CONFIG_API_VERSION, IPPROTO_UDP, 0};
     unsigned port = 0;
-    Exchange asked{PMAPPROC_GETPORT, message(question), message(port), short_patience};
-    exchange(portmapper, {&asked, 1});
+    Exchange asked{PMAPPROC_GETPORT, message(question), message(port), probe_patience};
+    exchange_all(portmapper, {&asked, 1});
     if (asked.error.trouble == Trouble::unreachable)
         asked.error.message += "; start rpcbind there, or name the daemon's own port with --port";
     if (asked.error.trouble == Trouble::timeout)
@@ -150,9 +150,9 @@ Error find_daemon(Connection &connection) {
 
 Error call_nothing(const Connection &connection) {
     std::tuple<> nothing;
-    Exchange asked{NULLPROC, message(nothing), message(nothing), short_patience};
+    Exchange asked{NULLPROC, message(nothing), message(nothing), probe_patience};
     const Server daemon = daemon_of(connection);
-    exchange(daemon, {&asked, 1});
+    exchange_all(daemon, {&asked, 1});
     return asked.error;
 }
 

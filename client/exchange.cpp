@@ -98,7 +98,7 @@ bool is_readable(int descriptor, Clock::duration patience) {
     return poll(&watched, 1, static_cast<int>(std::max(whole, {}).count())) > 0;
 }
 
-// The calls of one run of `exchange`: those that wait for their turn and those on the way.
+// The calls of one run of `exchange_all`: those that wait for their turn and those on the way.
 class Traffic {
 public:
     Traffic(const Server &server, std::span<Exchange> calls) : server_(server), waiting_(calls) {}
@@ -177,7 +177,7 @@ private:
 
 } // namespace
 
-void exchange(const Server &server, std::span<Exchange> calls) {
+void exchange_all(const Server &server, std::span<Exchange> calls) {
     const Socket socket;
     Traffic traffic(server, calls);
     // Connected, so that nobody else's datagram passes for the reply and a refusal is told.

@@ -34,4 +34,4 @@ struct Exchange {
 // Makes the calls over UDP, some on the way at a time. The results are the caller's to free, also after an
 // error. The RPC library's own call is not used: it keeps every signal off until the time is over, and makes
 // one call after the other.
-void exchange(const Server &server, std::span<Exchange> calls);
+void exchange_all(const Server &server, std::span<Exchange> calls);

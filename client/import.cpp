@@ -278,29 +278,29 @@ void undo(Context &context, const std::vector<Item> &snapshot, Report &report) {
     report.put_back = all;
 }
 
-using Snapshot = std::optional<std::vector<Item>>; // where everything is to be put back after a failure
+using Former = std::optional<std::vector<Item>>; // where everything is to be put back after a failure
 
 // Sets what differs.
-Error carry_out(Context &context, std::vector<Change> &changes, Snapshot &ret_snapshot) {
+Error carry_out(Context &context, std::vector<Change> &changes, Former &ret_former) {
     if (context.options.all_or_nothing) {
         std::vector<Item> items;
         if (Error error = take_snapshot(context, items))
             return error;
-        ret_snapshot = std::move(items);
+        ret_former = std::move(items);
     }
     return bring_about(context.connection, changes);
 }
 
 // Makes what was set act; after a failure, puts it back where that is wanted. (Ctrl-C while a restart goes on
 // is none.)
-void finish(Context &context, const Snapshot &snapshot, Report &report) {
+void finish(Context &context, const Former &former, Report &report) {
     const auto failed = [&] {
         return report.error || std::any_of(report.changes.begin(), report.changes.end(), has_failed);
     };
-    if (!report.error && !(snapshot && failed()))
+    if (!report.error && !(former && failed()))
         report.error = make_act(context, report);
-    if (snapshot && failed() && report.error.trouble != Trouble::interrupted)
-        undo(context, *snapshot, report);
+    if (former && failed() && report.error.trouble != Trouble::interrupted)
+        undo(context, *former, report);
 }
 
 int show_calls(Context &context, const std::vector<Change> &changes, const SettingsFile &file) {
@@ -374,12 +374,12 @@ int import_settings(Context &context, const Words &words) {
     report.refused =
         context.options.all_or_nothing &&
         (!report.file.strangers.empty() || std::any_of(changes.begin(), changes.end(), hindered));
-    Snapshot snapshot;
+    Former former;
     if (!report.refused)
-        report.error = carry_out(context, changes, snapshot);
+        report.error = carry_out(context, changes, former);
     std::copy_if(changes.begin(), changes.end(), std::back_inserter(report.changes),
                  [](const Change &change) { return has_failed(change) || was_set(change); });
     if (!report.refused)
-        finish(context, snapshot, report);
+        finish(context, former, report);
     return print_report(context, report);
 }

@@ -16,11 +16,11 @@ constexpr std::size_t most_named = 6;                    // of what has the same
 constexpr std::size_t list_fields = 16, most_bsses = 64; // of a radio
 
 // A key, its value, and the lines on which it stands. The first counts.
-struct Setting {
+struct StoredValue {
     std::string_view value;
     std::vector<std::size_t> lines;
 };
-using Settings = std::map<std::string, Setting, std::less<>>;
+using Settings = std::map<std::string, StoredValue, std::less<>>;
 
 using Faults = std::vector<std::string>;
 
@@ -61,7 +61,7 @@ Settings read(std::string_view text, Faults &faults) {
             too_long.push_back(shown);
         if (line.back() == '\r')
             returns.push_back(shown);
-        Setting &setting = settings[std::string(line.substr(0, equals))];
+        StoredValue &setting = settings[std::string(line.substr(0, equals))];
         if (setting.lines.empty())
             setting.value = line.substr(equals + 1);
         setting.lines.push_back(number);

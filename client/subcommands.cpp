@@ -34,7 +34,7 @@ constexpr char interface[] = "the interface, by its number or its name";
 constexpr char any_of_radio[] = "any interface of the radio, by its number or its name";
 constexpr char procedure[] = "of the procedure, with or without wlan_";
 
-constexpr Subcommand table[] = {
+constexpr Subcommand subcommand_table[] = {
     {"list",
      "List the procedures",
      Takes::one_at_most,
@@ -154,10 +154,10 @@ constexpr Subcommand table[] = {
 
 } // namespace
 
-std::span<const Subcommand> subcommands() { return table; }
+std::span<const Subcommand> subcommands() { return subcommand_table; }
 
 const Subcommand *find_subcommand(std::string_view name) {
-    const auto *found =
-        std::find_if(std::begin(table), std::end(table), [&](auto &each) { return each.name == name; });
-    return found == std::end(table) ? nullptr : found;
+    const auto *found = std::find_if(std::begin(subcommand_table), std::end(subcommand_table),
+                                     [&](auto &each) { return each.name == name; });
+    return found == std::end(subcommand_table) ? nullptr : found;
 }

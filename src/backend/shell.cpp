@@ -149,9 +149,10 @@ int finish(const char *who, const Shell &shell) {
 }
 
 // Makes lines of what comes in pieces, and cuts them. A zero byte is a byte of the line like any other.
-class Lines {
+class LineSplitter {
 public:
-    explicit Lines(const std::function<void(std::string_view line)> &take_line) : take_line_(take_line) {}
+    explicit LineSplitter(const std::function<void(std::string_view line)> &take_line)
+        : take_line_(take_line) {}
 
     void add(std::string_view piece) {
         for (const char byte : piece) {
@@ -182,7 +183,7 @@ std::size_t pipe_bytes(int pipe) {
 // Reads until the output ends, the command, or its time. False when it cannot be read. What a command that
 // has ended wrote itself is in the pipe: behind that, one that it left in the background could go on for
 // ever.
-bool read_lines(const Shell &shell, int output, Lines *lines) {
+bool read_lines(const Shell &shell, int output, LineSplitter *lines) {
     std::array<char, 1024> piece;
     auto left = std::numeric_limits<std::size_t>::max();
     for (bool ended = false; left > 0 && Clock::now() < shell.deadline;) {
@@ -244,7 +245,7 @@ Status read_command(const char *who, const char *command, std::chrono::seconds d
     (void)writing.close();
     if (shell.id < 0)
         return failure;
-    Lines lines(take_line);
+    LineSplitter lines(take_line);
     const bool is_whole = read_lines(shell, reading.get(), &lines);
     (void)reading.close(); // before the wait: the command may still write
     return finish(who, shell) == -1 || !is_whole ? failure : success;

@@ -106,7 +106,7 @@ def knowledge(protocol):
             text += _fields(record)
     text += "".join(_value(value) for value in protocol.values.values())
     numbers = {name: number for number, name in enumerate(protocol.causes)}
-    text += "\nconstexpr Cause causes[] = {\n"
+    text += "\nconstexpr Cause all_causes[] = {\n"
     text += "".join(_cause(cause, numbers[name]) for name, cause in protocol.causes.items()) + "};\n\n"
     rows = ""
     for each in protocol.procedures:
@@ -118,7 +118,7 @@ def knowledge(protocol):
         text += _list(f"settings_{group}", "const char *", [quoted(key) for key in protocol.settings[group]])[0]
     text += "static_assert(std::size(knowledge) == std::size(protocol));\n\n} // namespace\n\n"
     text += ("const Knowledge &knowledge_of(const Procedure &procedure) { return knowledge[&procedure - protocol]; }\n\n"
-             "const Cause &cause(unsigned char number) { return causes[number]; }\n")
+             "const Cause &cause(unsigned char number) { return all_causes[number]; }\n")
     form = ", ".join([f"settings_{group}" for group in SETTINGS] + [str(protocol.settings[f"longest_{what}"]) for what in ("file", "key")])
     text += ("\nconst SettingsFormat &settings_format() {\n"
              f"    static constexpr SettingsFormat format{{{form}}};\n    return format;\n}}\n")

@@ -75,11 +75,13 @@ TEST(Clients, TheGeneratedOneAndWlanctlAgree) {
     std::set<unsigned> seen;
     for (GoldenCase &golden : read_golden()) {
         std::erase_if(golden.calls, [](const GoldenCall &call) { return !call.reply; }); // nothing to compare
-        const std::size_t before = seen.size();
-        for (const GoldenCall &call : golden.calls)
-            seen.insert(call.number);
-        if (seen.size() == before) // nothing that the clients have not agreed on
+        std::size_t needed = 0; // what comes behind brings nothing that the clients have not agreed on
+        for (std::size_t i = 0; i < golden.calls.size(); ++i)
+            if (seen.insert(golden.calls[i].number).second)
+                needed = i + 1;
+        if (needed == 0)
             continue;
+        golden.calls.resize(needed);
         SCOPED_TRACE(golden.name);
         const auto generated = play(gateway, golden, ask_generated_client);
         const auto answers = play(gateway, golden, ask_wlanctl);

@@ -160,7 +160,7 @@ TEST(Shell, PassesNoDescriptorAndNoSignalMaskOn) {
 // Whether the process whose number the command wrote lives on, a moment later.
 static bool lives(const char *file) {
     const std::string stat = "/proc/" + std::to_string(std::stoi(read_file(file))) + "/stat";
-    for (int tries = 20; tries > 0; --tries, std::this_thread::sleep_for(std::chrono::milliseconds(10)))
+    for (int tries = 50; tries > 0; --tries, std::this_thread::sleep_for(std::chrono::milliseconds(10)))
         if (const std::string state = read_file(stat.c_str());
             state.empty() || state.find(") Z ") != state.npos)
             return false;

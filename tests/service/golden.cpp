@@ -169,6 +169,8 @@ void make_afresh() {
         throw std::runtime_error("sim/setup failed");
     for (const auto &made : std::filesystem::directory_iterator(fresh)) {
         const std::filesystem::path place = gateway / made.path().filename();
+        if (place.filename() == "env") // it names its own directory
+            continue;
         remove_all(place);
         copy(made, place, std::filesystem::copy_options::recursive);
     }

@@ -25,7 +25,10 @@ constexpr char program[] = "wlan-configd";
 
 std::optional<std::string> content_of(const fs::path &path) {
     std::ifstream file(path);
-    std::string content{std::istreambuf_iterator<char>(file), {}};
+    std::string content;
+    // Not by an iterator, which throws where a process ends while its file is read.
+    for (char piece[4096]; file.read(piece, sizeof piece), file.gcount() > 0;)
+        content.append(piece, static_cast<std::size_t>(file.gcount()));
     return file.is_open() && !file.bad() ? std::optional(content) : std::nullopt;
 }
 

@@ -197,7 +197,8 @@ std::optional<std::string> Client::exchange(std::string_view datagram, int patie
     if (send(socket_, datagram.data(), datagram.size(), 0) < 0)
         return std::nullopt;
     while (poll(&ready, 1, patience_ms) == 1) {
-        const ssize_t length = recv(socket_, reply.data(), reply.size(), 0);
+        // A refusal that was seen may be another thread's by now.
+        const ssize_t length = recv(socket_, reply.data(), reply.size(), MSG_DONTWAIT);
         if (length < 0)
             return std::nullopt;
         if (length >= 20 && std::memcmp(reply.data(), datagram.data(), 4) == 0)

@@ -105,7 +105,7 @@ TEST(Interfaces, ForgetTheirCountsForGood) {
             (void)refresh_counts();
     });
     int outdated = 0;
-    for (unsigned round = 0; round < 50000; ++round) {
+    for (unsigned round = 0; round < 3000; ++round) {
         write_file("settings/next", "#\nBssidNum=" + std::to_string(round % 9 + 1) + "\n");
         std::rename("settings/next", "settings/ZAV750.dat");
         set_known_driver();

@@ -31,8 +31,11 @@ Error read_file(const std::string &path, std::size_t most, std::string &ret_cont
     File file;
     if (Error error = open_file(path, file))
         return error;
-    ret_content.assign(most + 1, '\0');
-    ret_content.resize(std::fread(ret_content.data(), 1, ret_content.size(), file.get()));
+    ret_content.clear();
+    std::array<char, 4096> piece;
+    std::size_t length = 0;
+    while (ret_content.size() <= most && (length = std::fread(piece.data(), 1, piece.size(), file.get())) > 0)
+        ret_content.append(piece.data(), length);
     if (std::ferror(file.get()) != 0)
         return unreadable(path);
     if (ret_content.size() > most)

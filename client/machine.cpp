@@ -1,5 +1,7 @@
 #include "client/machine.h"
 
+#include "client/file.h"
+
 #include <algorithm>
 #include <arpa/inet.h>
 #include <cctype>
@@ -10,12 +12,11 @@
 #include <cstring>
 #include <filesystem>
 #include <fmt/format.h>
-#include <fstream>
-#include <iterator>
 #include <sstream>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
+#include <utility>
 
 namespace {
 
@@ -23,13 +24,12 @@ namespace fs = std::filesystem;
 
 constexpr char program[] = "wlan-configd";
 
-std::optional<std::string> content_of(const fs::path &path) {
-    std::ifstream file(path);
+// Nothing where it cannot be read, as when a process ends meanwhile. The largest is a daemon's program;
+// anybody may call another so, of whatever size.
+std::optional<std::string> content_of(const std::string &path) {
+    constexpr std::size_t longest = 64 << 20;
     std::string content;
-    // Not by an iterator, which throws where a process ends while its file is read.
-    for (char piece[4096]; file.read(piece, sizeof piece), file.gcount() > 0;)
-        content.append(piece, static_cast<std::size_t>(file.gcount()));
-    return file.is_open() && !file.bad() ? std::optional(content) : std::nullopt;
+    return read_file(path, longest, content) ? std::nullopt : std::optional(std::move(content));
 }
 
 std::vector<std::string> split(std::string_view text, char separator) {

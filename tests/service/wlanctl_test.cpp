@@ -88,6 +88,7 @@ TEST(Wlanctl, SpeaksForPeopleAndPrograms) {
         {{"get", "sid", "1"}, 2, "", "ssid"},
         {{"set", "radio_enabled", "1", "maybe"}, 2, "", "bool"},
         {{"set", "ssid", "1", "@/tmp/none"}, 2, "", "/tmp/none"},
+        {{"set", "ssid", "1", "@/dev/zero"}, 2, "", "/dev/zero has more than "},
         {{"--port", "9", "get", "ssid", "1"}, 4, "", "refused"},
     });
     for (const char *command :

@@ -130,6 +130,7 @@ int up(Context &context, const Words &words) {
     Answer answer;
     if (Error error = find_daemon(connection))
         return print_error(output, error);
+    const CtrlC ctrl_c(connection);
     if (Error error = check_running(context, *chosen))
         return print_end(output, error, "driver was not touched", load);
     if (context.options.dry_run) {
@@ -178,6 +179,7 @@ int scan(Context &context, const Words &words) {
     }
     if (Error error = find_daemon(connection))
         return print_error(output, error);
+    const CtrlC ctrl_c(connection);
     if (Error error = ask_visibly(connection, *scan.begin, scan.index, "scanning", short_patience, result))
         return print_end(output, error, "scan goes on", *scan.begin);
     if (result.code < 0)

@@ -18,20 +18,28 @@ extern "C" void interrupt(int) { interrupted = 1; }
 
 } // namespace
 
-Waiting::Waiting(Connection daemon, const char *doing)
-    : connection(std::move(daemon)), doing_(doing), shown_(*doing != '\0' && isatty(STDERR_FILENO) == 1) {
+CtrlC::CtrlC(Connection &connection) : connection_(connection) {
     struct sigaction action {};
     action.sa_handler = interrupt;
     sigaction(SIGINT, nullptr, &before_);
     if (before_.sa_handler != SIG_IGN)
         sigaction(SIGINT, &action, nullptr);
+    connection_.goes_on = [] { return interrupted == 0; };
+}
+
+CtrlC::~CtrlC() {
+    sigaction(SIGINT, &before_, nullptr);
+    connection_.goes_on = nullptr;
+}
+
+Waiting::Waiting(Connection daemon, const char *doing)
+    : connection(std::move(daemon)), doing_(doing), shown_(*doing != '\0' && isatty(STDERR_FILENO) == 1) {
     connection.goes_on = [this] { return goes_on(); };
 }
 
 Waiting::~Waiting() {
     if (shown_)
         std::fputs("\r\x1b[K", stderr);
-    sigaction(SIGINT, &before_, nullptr);
 }
 
 bool Waiting::goes_on() const {

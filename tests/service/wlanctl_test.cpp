@@ -33,7 +33,7 @@ void play(const std::vector<Row> &rows) {
 
 // As a shell tells it, and at once.
 int how_it_ended(Process &process) {
-    const auto status = process.ended(std::chrono::milliseconds(500));
+    const auto status = process.ended(std::chrono::seconds(2));
     if (!status)
         return -1;
     return WIFSIGNALED(*status) ? 128 + WTERMSIG(*status) : WEXITSTATUS(*status);
@@ -180,7 +180,7 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
     EXPECT_EQ(answer.at("/value/entries/1/ssid"_json_pointer), "Office\t\x1b[31m");
     EXPECT_EQ(hostile.out.find('\x1b'), std::string::npos);
     gateway.fault("survey.zv00.fail", "5");
-    gateway.fault("survey.zvi00.delay", "1500");
+    gateway.fault("survey.zvi00.delay", "5000");
     play(
         {{{"scan", "9"}, 1, "", "the scan failed"},
          {{"--json", "scan", "9"},
@@ -188,7 +188,7 @@ TEST(Wlanctl, ScansAndWaitsForTheEnd) {
           R"({"error":{"kind":"failed","message":"the scan failed","procedure":null,"code":null,"causes":[]}})"
           "\n"}});
     Process waiting({BINARY_DIR "/bin/wlanctl", "scan", "1"}, {}, "/tmp/wait.out", "/tmp/wait.err");
-    std::this_thread::sleep_for(std::chrono::milliseconds(600));
+    EXPECT_TRUE(await([&] { return gateway.count("log", "survey zvi00") == 1; }));
     play({{{"scan", "2"}, 1, "", "scanned already"}});
     kill(waiting.id(), SIGINT);
     EXPECT_EQ(how_it_ended(waiting), 130);
@@ -377,17 +377,18 @@ TEST(Wlanctl, BringsTheDriverUpAndDown) {
 
 TEST(Wlanctl, StopsWaitingAtCtrlCAndTheInitGoesOn) {
     Gateway gateway;
-    write_file(script_fault + "init.delay", "3500");
+    write_file(script_fault + "init.delay", "5000");
     const std::string wlanctl = BINARY_DIR "/bin/wlanctl";
     Process waiting({wlanctl, "up"}, {}, "/tmp/up.out", "/tmp/up.err");
-    Process deaf({"/bin/sh", "-c", "trap '' INT; exec " + wlanctl + " --timeout 1 up"}, {}, "/tmp/deaf.out",
-                 "/tmp/deaf.err");
-    while (gateway.count("log", "init dual") == 0)
-        ASSERT_FALSE(waiting.ended(std::chrono::milliseconds(10)));
+    ASSERT_TRUE(await([&] { return gateway.count("log", "init dual") == 1; }));
     kill(waiting.id(), SIGINT);
     EXPECT_EQ(how_it_ended(waiting), 130);
     EXPECT_EQ(read_file("/tmp/up.err"), "wlanctl: no longer waiting; the initialisation goes on\n");
-    std::this_thread::sleep_for(std::chrono::milliseconds(300));
+    write_file("/tmp/wlandbg", "");
+    Process deaf({"/bin/sh", "-c", "trap '' INT; exec " + wlanctl + " --timeout 1 up"}, {}, "/tmp/deaf.out",
+                 "/tmp/deaf.err");
+    EXPECT_TRUE(await([&] { return gateway.count("out", "wlan_init wlan init - still processing") > 0; }));
+    std::filesystem::remove("/tmp/wlandbg");
     kill(deaf.id(), SIGINT);
     kill(gateway.daemon().id(), SIGSTOP); // its polls are not answered in time
     std::this_thread::sleep_for(std::chrono::milliseconds(1500));
